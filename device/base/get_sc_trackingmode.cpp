@@ -1,0 +1,7 @@
+// Default tracking mode: the lowest.
+#include "host_settings.h"
+
+int get_sc_trackingmode(void)
+{
+    return 0;
+}

@@ -1,0 +1,284 @@
+// The five keys. A key moves the position, the level or a value; the next draw shows it and finds the current item.
+//
+// Most of the movement is one generic rule. Before it stand the anchors: items, named in the configuration, at which
+// UP and DOWN stay or jump instead.
+#include <cstdint>
+
+#include "control/position.h"
+#include "core/config.h"
+#include "core/debug.h"
+#include "core/state.h"
+#include "core/wrapping.h"
+#include "host_settings.h"
+
+static const char FUNCTION[] = "osdmenu_process_key";
+
+// A row that an anchor jumps to: none, or one at depth 2 by number.
+enum { STAY = -1, JUMP_LEVEL = 2 };
+
+// What UP or DOWN does at an item named by a configuration key.
+struct anchor {
+    const char *key;
+    const char *top_item;           // the row of the top list to jump to, or null
+    const char *asked;              // the item whose being enabled decides between the two rows below, or null
+    int row_if_enabled;             // at depth 2, or STAY
+    int row_if_disabled;            // at depth 2, or STAY
+    const char *key_while_disabled; // asked beforehand, it chooses the key too; or null
+};
+
+// Tried in this order; the first match ends the press.
+static const struct anchor up_anchors[] = {
+    {"information_last_item", nullptr, nullptr, STAY, STAY, nullptr},
+    {"peripheral_last_item", nullptr, nullptr, STAY, STAY, nullptr},
+    {"get_ip_first_item", nullptr, "ethernet_for_laptop", 2, STAY, nullptr},
+    {"menu_first_item", "osdmirror", nullptr, STAY, STAY, nullptr},
+    {"peripheralinformation_title", nullptr, nullptr, STAY, STAY, nullptr},
+    {"peripheralinformation_item", nullptr, "cec", 3, STAY, nullptr},
+    {"language_item", nullptr, "peripheralinformation", 8, 3, nullptr},
+};
+
+static const struct anchor down_anchors[] = {
+    {"information_last_item", nullptr, nullptr, STAY, STAY, nullptr},
+    {"peripheral_last_item", nullptr, nullptr, STAY, STAY, nullptr},
+    {"get_ip_last_item", nullptr, "ethernet_for_laptop", 1, STAY, "get_ip_first_item"},
+    {"peripheralinformation_title", nullptr, nullptr, STAY, STAY, nullptr},
+    {"menu_last_item", "camera", nullptr, STAY, STAY, nullptr},
+    {"general_last_item", nullptr, "peripheralinformation", 8, 1, nullptr},
+};
+
+static bool current_item_is(const char *name)
+{
+    return osdmenu_current_menuitem && is_named(osdmenu_current_menuitem->name, name);
+}
+
+static void set_row(int level, int row)
+{
+    current_view_position.levels[level] = static_cast<unsigned char>(row);
+}
+
+static void follow_anchor(const struct anchor *anchor, bool asked_enabled)
+{
+    int row = asked_enabled ? anchor->row_if_enabled : anchor->row_if_disabled;
+    if (anchor->top_item)
+        set_row(0, get_levels_byname(anchor->top_item));
+    else if (row != STAY)
+        set_row(JUMP_LEVEL, row);
+}
+
+// True when the press ends here.
+static bool try_anchor(const struct anchor *anchor)
+{
+    const char *key = anchor->key;
+    bool enabled = false;
+    if (anchor->key_while_disabled) {
+        enabled = osdmenu_itemname_enable(anchor->asked) == 1;
+        key = enabled ? anchor->key : anchor->key_while_disabled;
+    }
+    if (!current_item_is(config_text(key)))
+        return false;
+    if (anchor->asked && !anchor->key_while_disabled)
+        enabled = osdmenu_itemname_enable(anchor->asked) == 1;
+    follow_anchor(anchor, enabled);
+    return true;
+}
+
+template <int count> static bool try_anchors(const struct anchor (&anchors)[count])
+{
+    for (const struct anchor &anchor : anchors)
+        if (try_anchor(&anchor))
+            return true;
+    return false;
+}
+
+// Without a configuration two items hold the position; with one, its anchors do.
+template <int count> static bool held_by_anchor(const struct anchor (&anchors)[count])
+{
+    if (!osdmenu_config)
+        return current_item_is("versionmenuback") || current_item_is("peripheralversionmenuback");
+    return try_anchors(anchors);
+}
+
+// Row 0 of a page is its title. In the top list a separator may stand below it.
+static int lowest_row(void)
+{
+    return underlineenable == 1 && osdmenu_current_viewlevel == 0 ? 2 : 1;
+}
+
+static void trace_separator(void)
+{
+    if (underlineenable == 1)
+        LIB_TRACE_AS(FUNCTION, LOG_EVENT, "underlineenable %d\n", underlineenable);
+}
+
+static unsigned char *scroll_top(void)
+{
+    return &osdmenu_viewarea_topitem_number.levels[osdmenu_current_viewlevel];
+}
+
+static void press_up(void)
+{
+    if (held_by_anchor(up_anchors))
+        return;
+    int level = osdmenu_current_viewlevel;
+    int row = current_view_position.levels[level];
+    trace_separator();
+    if (row == lowest_row())
+        set_row(level, wrapping_sub(last_looped_itemnumber, 1));
+    else
+        set_row(level, --row);
+    if (row < *scroll_top())
+        *scroll_top() = static_cast<unsigned char>(row);
+}
+
+static void press_down(void)
+{
+    if (held_by_anchor(down_anchors))
+        return;
+    int level = osdmenu_current_viewlevel;
+    int row = current_view_position.levels[level] + 1;
+    if (row == last_noview_itemnumber) {
+        ++*scroll_top();
+        set_row(level, row);
+    }
+    if (row < last_looped_itemnumber) {
+        set_row(level, row);
+        return;
+    }
+    trace_separator();
+    set_row(level, lowest_row());
+    *scroll_top() = 0;
+}
+
+// One step, down (-1) or up (+1). Beyond the limit it goes to the far one, and so does a step that no int can hold.
+static int stepped(const struct osdmenu_item_value_number *number, int direction)
+{
+    std::int64_t next = std::int64_t{number->current} + std::int64_t{direction} * number->step;
+    if (direction < 0)
+        return next < number->lowlimit || next > INT32_MAX ? number->highlimit : static_cast<int>(next);
+    return next > number->highlimit || next < INT32_MIN ? number->lowlimit : static_cast<int>(next);
+}
+
+static void set_value(int value)
+{
+    if (osdmenu_current_menuitem->action)
+        osdmenu_current_menuitem->action(osdmenu_current_menuitem, ACTION_OP_SET, value);
+}
+
+// A choice has no bound here: the action hears the bare index, and the next draw wraps what it answers.
+static void press_sideways(int direction)
+{
+    if (!osdmenu_current_menuitem)
+        return;
+    struct osdmenu_item_value *value = &osdmenu_current_menuitem->item_values;
+    switch (value->type) {
+    case VALUE_TXT:
+        value->current = wrapping_add(value->current, direction);
+        set_value(value->current);
+        break;
+    case VALUE_NUMBER:
+    case VALUE_PERCENTAGE: // its record has the same fields
+        value->u.number.current = stepped(&value->u.number, direction);
+        set_value(value->u.number.current);
+        break;
+    default:
+        break;
+    }
+}
+
+static void call_enter(void)
+{
+    if (osdmenu_current_menuitem->action)
+        osdmenu_current_menuitem->action(osdmenu_current_menuitem, ACTION_OP_ENTER, 0);
+}
+
+// Where an entered page opens. The item is read again: its action may have loaded another menu.
+static void set_entry_position(void)
+{
+    if (!osdmenu_current_menuitem)
+        return;
+    int level = osdmenu_current_viewlevel;
+    if (current_item_is("information")) {
+        set_row(level, last_enabled_row(osdmenu_current_menuitem));
+    } else if (current_item_is("smartgallery_preset")) {
+        osdmenu_current_viewlevel = MENU_LEVELS - 1;
+        set_row(MENU_LEVELS - 1, (get_sc_smartgallery_preset() & 0xFF) + 1);
+    } else {
+        set_row(level, current_item_is("peripheralinformation") ? 0 : 1);
+    }
+}
+
+// A page is entered when it has two rows or more. "upgrade" is never entered.
+static bool has_page_to_enter(const struct osdmenu_item *item)
+{
+    return !is_named(item->name, "upgrade") && item->child.next != item->child.prev;
+}
+
+static void press_ok(void)
+{
+    if (!osdmenu_current_menuitem)
+        return;
+    if (!has_page_to_enter(osdmenu_current_menuitem)) {
+        call_enter();
+        return;
+    }
+    osdmenu_current_viewlevel = level_below(osdmenu_current_menuitem);
+    call_enter();
+    set_entry_position();
+}
+
+int osdmenu_process_key(int keyvalue)
+{
+    switch (keyvalue) {
+    case OSD_KEY_UP:
+        press_up();
+        break;
+    case OSD_KEY_DOWN:
+        press_down();
+        break;
+    case OSD_KEY_LEFT:
+        press_sideways(-1);
+        break;
+    case OSD_KEY_RIGHT:
+        press_sideways(+1);
+        break;
+    case OSD_KEY_OK:
+        press_ok();
+        break;
+    default:
+        break;
+    }
+    return 0;
+}
+
+static int press_locked(const char *function, int keyvalue)
+{
+    osdmenu_Mutex_Lock(function);
+    osdmenu_process_key(keyvalue);
+    osdmenu_Mutex_Unlock(function);
+    return 0;
+}
+
+int osdmenu_action_up(void)
+{
+    return press_locked(__func__, OSD_KEY_UP);
+}
+
+int osdmenu_action_down(void)
+{
+    return press_locked(__func__, OSD_KEY_DOWN);
+}
+
+int osdmenu_action_left(void)
+{
+    return press_locked(__func__, OSD_KEY_LEFT);
+}
+
+int osdmenu_action_right(void)
+{
+    return press_locked(__func__, OSD_KEY_RIGHT);
+}
+
+int osdmenu_action_ok(void)
+{
+    return press_locked(__func__, OSD_KEY_OK);
+}

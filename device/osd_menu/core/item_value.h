@@ -1,0 +1,21 @@
+// The rules that belong to an item's value, whoever brings it.
+#pragma once
+
+#include "osd_menu.h"
+
+// The types whose value has a list of choices. For all others the list is never followed.
+inline bool has_choices(const struct osdmenu_item_value *value)
+{
+    return value->type == VALUE_TXT || value->type == VALUE_RAWTXT;
+}
+
+// Stores a present value where its type keeps it; other types have none to store.
+inline void store_current(struct osdmenu_item_value *value, int current)
+{
+    if (value->type == VALUE_TXT)
+        value->current = current;
+    else if (value->type == VALUE_NUMBER)
+        value->u.number.current = current;
+    else if (value->type == VALUE_PERCENTAGE)
+        value->u.percentage.current = current;
+}

@@ -1,0 +1,17 @@
+/**
+ * @file
+ * The node of an intrusive, circular, doubly linked list.
+ */
+#ifndef OSD_MENU_LIST_H
+#define OSD_MENU_LIST_H
+
+/**
+ * Both a member of a list and its head. An empty head points at itself in both directions; a head of zero bytes
+ * belongs to a list that was never set up, and counts as empty.
+ */
+struct list_head {
+    struct list_head *prev;
+    struct list_head *next;
+};
+
+#endif

@@ -1,0 +1,152 @@
+// One menu page: the way down to the list on show, its rows from the top, and the recovery from a position without one.
+//
+// A pass also finds the current item and the two counts that the keys work with. It allocates nothing.
+#include "core/config.h"
+#include "core/debug.h"
+#include "core/item_value.h"
+#include "core/view_buffer.h"
+#include "core/walks.h"
+#include "resources/glyph_banks.h"
+
+static const char FUNCTION[] = "_osdmenu_draw_allitems";
+
+// The page below the enabled row with that index. The last match wins: a disabled row at the index matches without
+// moving the count, and the row behind it takes its place. Without any match it is the page found a level above.
+static struct list_head *page_below_row(struct list_head *page, int index, struct list_head *found_above)
+{
+    struct list_head *found = found_above;
+    int enabledcount = 0;
+    for (struct osdmenu_item *row = first_row(page); row; row = row_below(row, page)) {
+        if (enabledcount == index)
+            found = &row->child;
+        if (!is_disabled(row))
+            enabledcount++;
+    }
+    return found;
+}
+
+// Follows the position down to the list on show. Null when not even its first byte stands for a row.
+static struct list_head *page_on_show(void)
+{
+    if (osdmenu_current_viewlevel == 0)
+        return &orderized_osdmenu.siblings;
+    struct list_head *page = page_below_row(&orderized_osdmenu.siblings, current_view_position.levels[0], nullptr);
+    for (int level = 1; page && level < osdmenu_current_viewlevel; level++)
+        page = page_below_row(page, current_view_position.levels[level], page);
+    return page;
+}
+
+// Where the next row goes, and how many were walked.
+struct page_pass {
+    int x;
+    int y;
+    int value_x;
+    int value_y;
+    int loopcount;    // rows examined
+    int enabledcount; // enabled rows examined
+};
+
+// Asks the row's action for its value. False when the row has a value and no action: it does not exist for this pass.
+static bool take_value(struct osdmenu_item *row)
+{
+    if (row->item_values.type == VALUE_NONE)
+        return true;
+    if (!row->action)
+        return false;
+    store_current(&row->item_values, row->action(row, ACTION_OP_GET, 0));
+    return true;
+}
+
+static bool fits_page(const struct page_pass *pass, const struct osdmenu_item *row)
+{
+    return row->view.viewbitmap.height + static_cast<unsigned int>(pass->y) <
+           static_cast<unsigned int>(osdmenu_viewarea_height);
+}
+
+// Two items, named in the configuration, are current without showing the pointer.
+static bool shows_pointer(const struct osdmenu_item *row)
+{
+    return !is_named(config_text("information_last_item"), row->name) &&
+           !is_named(config_text("peripheralinformation_title"), row->name);
+}
+
+static void make_current(const struct page_pass *pass, struct osdmenu_item *row)
+{
+    osdmenu_current_menuitem = row;
+    if (shows_pointer(row))
+        osdmenu_mark_current_menuitem(osdmenu_view_rulerarea_x, pass->value_y, SYMBOL_POINTER);
+}
+
+static void step_down(struct page_pass *pass, int pixels)
+{
+    pass->y = wrapping_add(pass->y, pixels);
+    pass->value_y = wrapping_add(pass->value_y, pixels);
+}
+
+static void paint_row(struct page_pass *pass, struct osdmenu_item *row)
+{
+    if (is_named(row->name, "kz73versionshow"))
+        osdmenu_draw_string_at_position(pass->x, pass->y, kz73_name,
+                                        static_cast<int>(strnlen(kz73_name, sizeof kz73_name)));
+    else
+        osdmenu_draw_itemview(pass->x, pass->y, &row->view);
+    osdmenu_draw_itemvalue(pass->value_x, pass->value_y, &row->item_values);
+    step_down(pass, wrapping_add(static_cast<int>(row->view.viewbitmap.height), osdmenu_view_rowspace));
+    if (row->name && std::strstr(row->name, "title"))
+        step_down(pass, osdmenu_view_rowspace);
+}
+
+// Walks the rows of a page, paints those from the scroll top on, and finds the current one. Returns the number of
+// enabled rows walked.
+static int paint_rows(const struct list_head *page)
+{
+    struct page_pass pass = {osdmenu_view_itemarea_x,
+                             osdmenu_view_itemarea_y,
+                             get_osdmenu_view_valuearea_x(),
+                             osdmenu_view_valuearea_y,
+                             0,
+                             0};
+    osdmenu_current_menuitem = nullptr;
+    for (struct osdmenu_item *row = page ? first_row(page) : nullptr; row; row = row_below(row, page)) {
+        if (!take_value(row))
+            continue;
+        if (!fits_page(&pass, row)) {
+            LIB_TRACE_AS(FUNCTION, LOG_STEP, " break for cann't display a whole item!\n\n");
+            last_noview_itemnumber = pass.loopcount;
+            break;
+        }
+        if (pass.enabledcount == current_view_position.levels[osdmenu_current_viewlevel])
+            make_current(&pass, row);
+        if (pass.loopcount >= osdmenu_viewarea_topitem_number.levels[osdmenu_current_viewlevel] && !is_disabled(row))
+            paint_row(&pass, row);
+        if (!is_disabled(row))
+            pass.enabledcount++;
+        pass.loopcount++;
+    }
+    return pass.enabledcount;
+}
+
+int _osdmenu_draw_allitems(void)
+{
+    int enabled_rows = paint_rows(page_on_show());
+    if (!osdmenu_current_menuitem) {
+        LIB_TRACE(LOG_WORKAROUND, "osdmenu_current_menuitem == NULL,do menuback\n");
+        if (osdmenu_current_viewlevel != 0) {
+            osdmenu_action_menuback();
+            osdmenu_viewbuffer_fill_background();
+            return _osdmenu_draw_allitems();
+        }
+    }
+    last_looped_itemnumber = enabled_rows;
+    if (g_meetingCameraHelpLineStatus)
+        osdmenu_draw_meeting_camera_helpline();
+    return 0;
+}
+
+int osdmenu_draw_allitems(void)
+{
+    osdmenu_Mutex_Lock(__func__);
+    _osdmenu_draw_allitems();
+    osdmenu_Mutex_Unlock(__func__);
+    return 0;
+}

@@ -1,0 +1,77 @@
+// Failures, texts and pictures of the resource files.
+#include "resources/resource_fields.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+
+#include "core/debug.h"
+
+enum { TEXT_LENGTH = 128, PICTURE_SPARE = 4 };
+
+const struct load_failure data_file_unreadable = {"read data_file fail:", "read data_file fail!"};
+
+void report_failure(const char *loader, const struct load_failure *failure)
+{
+    std::perror(failure->perror_text);
+    DBG_ERR_AS(loader, "%s\n", failure->line);
+}
+
+bool close_reported(const char *loader, struct reader *file, const struct load_failure *failure)
+{
+    if (reader_close(file) == 0)
+        return true;
+    report_failure(loader, failure);
+    return false;
+}
+
+char *allocate_picture(std::uint32_t size)
+{
+    if (size > UINT32_MAX - PICTURE_SPARE) {
+        errno = ENOMEM;
+        return nullptr;
+    }
+    return static_cast<char *>(std::calloc(1, std::size_t{size} + PICTURE_SPARE));
+}
+
+static enum field_result fill_text(struct reader *data, char *text)
+{
+    for (int i = 0; i < TEXT_LENGTH; i++) {
+        ssize_t got = reader_fill(data, text + i, 1);
+        if (got <= 0)
+            return got < 0 ? FIELD_FAILED : FIELD_AT_END;
+        if (text[i] == '\0')
+            break;
+    }
+    return FIELD_READ;
+}
+
+enum field_result read_text(const char *loader, struct reader *data, char **text, const struct load_failure *no_memory)
+{
+    *text = static_cast<char *>(std::calloc(1, TEXT_BLOCK));
+    if (!*text) {
+        report_failure(loader, no_memory);
+        return FIELD_FAILED;
+    }
+    enum field_result result = fill_text(data, *text);
+    if (result == FIELD_FAILED)
+        report_failure(loader, &data_file_unreadable);
+    else if (result == FIELD_AT_END)
+        DBG_ERR_AS(loader, "read data_file end! Right?\n");
+    return result;
+}
+
+ssize_t read_picture(const char *loader, struct reader *data, struct osdmenu_view_bitmap *picture,
+                     const struct load_failure *no_memory, const struct load_failure *unreadable)
+{
+    std::uint32_t size = picture_size(picture);
+    picture->bitmap = allocate_picture(size);
+    if (!picture->bitmap) {
+        report_failure(loader, no_memory);
+        return -1;
+    }
+    ssize_t got = reader_fill(data, picture->bitmap, size);
+    if (got < 0)
+        report_failure(loader, unreadable);
+    return got;
+}
