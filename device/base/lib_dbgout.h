@@ -15,17 +15,17 @@ extern "C" {
 typedef struct lib_dbgout_profile {
     int lib_level;  /**< lets the menu's own messages out: above 2 workarounds, above 5 notable events, above 6 steps */
     int para_level; /**< above 2 lets out the complaint about a configuration file that cannot be parsed */
-    int cc_level;
-    int visca_level;
-    int net_protocol_level;
-    int module_level;
-    int mpp_level;
-    int others;
-    int time_enable;
-    void (*log_cb)(int level, const char *text);
+    int cc_level;   /**< not read by the menu, as all that follow */
+    int visca_level;                             /**< of another component */
+    int net_protocol_level;                      /**< of another component */
+    int module_level;                            /**< of another component */
+    int mpp_level;                               /**< of another component */
+    int others;                                  /**< of everything else */
+    int time_enable;                             /**< whether messages carry the time */
+    void (*log_cb)(int level, const char *text); /**< where messages go besides */
 } lib_dbgout_profile;
 
-typedef lib_dbgout_profile lib_dbgout_profile_s;
+typedef lib_dbgout_profile lib_dbgout_profile_s; /**< its second name */
 
 /** The levels in force. The library only reads it, at any time and on any thread. */
 extern lib_dbgout_profile dbgout_profile;

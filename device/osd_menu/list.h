@@ -10,8 +10,8 @@
  * belongs to a list that was never set up, and counts as empty.
  */
 struct list_head {
-    struct list_head *prev;
-    struct list_head *next;
+    struct list_head *prev; /**< neighbour in the one direction: pages are displayed along it */
+    struct list_head *next; /**< neighbour in the other: lists keep the order of their file along it */
 };
 
 #endif

@@ -55,7 +55,7 @@ enum {
  * enable mark. In the menu's position they are enabled indexes: the number of enabled rows above the chosen one.
  */
 typedef struct osdmenu_position {
-    unsigned char levels[4];
+    unsigned char levels[4]; /**< by depth, from 0 */
 } osdmenu_position;
 
 /** One block of pre-rendered pixels, 2 bytes a pixel. */
@@ -82,11 +82,11 @@ typedef struct osdmenu_item_value_txt {
 
 /** Kept for the size of the union; no function uses it. */
 typedef struct osdmenu_item_value_pixelarray {
-    char *description;
-    unsigned int pa_type;
-    unsigned int height;
-    unsigned int width;
-    char *pa;
+    char *description;    /**< not used */
+    unsigned int pa_type; /**< not used */
+    unsigned int height;  /**< not used */
+    unsigned int width;   /**< not used */
+    char *pa;             /**< not used */
 } osdmenu_item_value_pixelarray;
 
 /** A bounded number. */
@@ -163,6 +163,7 @@ typedef struct osdbubbleline {
 } osdbubbleline;
 
 /* The resource files are images of these records. */
+/** @cond */
 #ifdef __cplusplus
 #define OSD_MENU_IMAGE_SIZE(record, bytes) static_assert(sizeof(record) == (bytes), #record " is an image of its file")
 #else
@@ -174,6 +175,7 @@ OSD_MENU_IMAGE_SIZE(osdhelpline, 56);
 OSD_MENU_IMAGE_SIZE(osdbubbleline, 64);
 OSD_MENU_IMAGE_SIZE(osdmenu_view_bitmap, 24);
 #undef OSD_MENU_IMAGE_SIZE
+/** @endcond */
 
 #ifdef __cplusplus
 }

@@ -3,6 +3,7 @@
 // Most of the movement is one generic rule. Before it stand the anchors: items, named in the configuration, at which
 // UP and DOWN stay or jump instead.
 #include <cstdint>
+#include <span>
 
 #include "control/position.h"
 #include "core/config.h"
@@ -82,20 +83,15 @@ static bool try_anchor(const struct anchor *anchor)
     return true;
 }
 
-template <int count> static bool try_anchors(const struct anchor (&anchors)[count])
+// Without a configuration two items hold the position; with one, its anchors do.
+static bool held_by_anchor(std::span<const struct anchor> anchors)
 {
+    if (!osdmenu_config)
+        return current_item_is("versionmenuback") || current_item_is("peripheralversionmenuback");
     for (const struct anchor &anchor : anchors)
         if (try_anchor(&anchor))
             return true;
     return false;
-}
-
-// Without a configuration two items hold the position; with one, its anchors do.
-template <int count> static bool held_by_anchor(const struct anchor (&anchors)[count])
-{
-    if (!osdmenu_config)
-        return current_item_is("versionmenuback") || current_item_is("peripheralversionmenuback");
-    return try_anchors(anchors);
 }
 
 // Row 0 of a page is its title. In the top list a separator may stand below it.

@@ -4,8 +4,6 @@
 // helpers use the _AS forms and hand the name on.
 #pragma once
 
-#include <cstdio>
-
 #include "lib_dbgout.h"
 
 enum {
@@ -28,18 +26,19 @@ enum {
             qmx_traceout((level), "[para %s +%-4d]" format, __func__, __LINE__ __VA_OPT__(, ) __VA_ARGS__);            \
     } while (0)
 
-// The direct channel: always on, flushed at once. The form with a name of its own comes first, the common one second.
-#define DBG_DIRECT(stream, prefix, function, format, ...)                                                              \
-    print_line((stream), prefix ":%s %s[%04d] " format, __FILE_NAME__, (function), __LINE__ __VA_OPT__(, ) __VA_ARGS__)
-#define DBG_INFO_AS(function, format, ...) DBG_DIRECT(stdout, "DBG_INFO", function, format __VA_OPT__(, ) __VA_ARGS__)
-#define DBG_INFO(format, ...) DBG_INFO_AS(__func__, format __VA_OPT__(, ) __VA_ARGS__)
-#define DBG_OUT_INFO_AS(function, format, ...)                                                                         \
-    DBG_DIRECT(stdout, "DBG_OUT_INFO", function, format __VA_OPT__(, ) __VA_ARGS__)
-#define DBG_ERR_AS(function, format, ...) DBG_DIRECT(stderr, "DBG_ERR", function, format __VA_OPT__(, ) __VA_ARGS__)
-#define DBG_ERR(format, ...) DBG_ERR_AS(__func__, format __VA_OPT__(, ) __VA_ARGS__)
+// The direct channel: always on, flushed at once, each line in one write. A function for each of its prefixes.
+void dbg_info(const char *file, const char *function, int line, const char *format, ...)
+    __attribute__((format(printf, 4, 5)));
+void dbg_out_info(const char *file, const char *function, int line, const char *format, ...)
+    __attribute__((format(printf, 4, 5)));
+void dbg_err(const char *file, const char *function, int line, const char *format, ...)
+    __attribute__((format(printf, 4, 5)));
 
-// Writes a whole line and flushes it.
-void print_line(std::FILE *stream, const char *format, ...) __attribute__((format(printf, 2, 3)));
+#define DBG_INFO_AS(function, ...) dbg_info(__FILE_NAME__, (function), __LINE__, __VA_ARGS__)
+#define DBG_INFO(...) DBG_INFO_AS(__func__, __VA_ARGS__)
+#define DBG_OUT_INFO_AS(function, ...) dbg_out_info(__FILE_NAME__, (function), __LINE__, __VA_ARGS__)
+#define DBG_ERR_AS(function, ...) dbg_err(__FILE_NAME__, (function), __LINE__, __VA_ARGS__)
+#define DBG_ERR(...) DBG_ERR_AS(__func__, __VA_ARGS__)
 
 // What a line shows for a text that may be missing: printf must never see a null pointer.
 inline const char *shown(const char *text)

@@ -16,11 +16,4 @@ inline struct osdhelpline *line_after(const struct osdhelpline *line, const stru
 }
 
 // The first bubble line of that name, or null.
-inline const struct osdbubbleline *bubbleline_byname(const char *name)
-{
-    const struct list_head *lines = &osbbubble.siblings;
-    for (const struct osdhelpline *line = first_line(lines); line; line = line_after(line, lines))
-        if (is_named(line->name, name))
-            return reinterpret_cast<const struct osdbubbleline *>(line);
-    return nullptr;
-}
+const struct osdbubbleline *bubbleline_byname(const char *name);

@@ -34,14 +34,15 @@ static inline void copy_short_row(char *to, const char *from, std::size_t width)
     }
 }
 
-static void copy_rows(char *to, std::int64_t row_pitch, const struct pixel_block *block)
+// The block comes by value: the compiler need not fear that the pixels overwrite it.
+static void copy_rows(char *to, std::int64_t row_pitch, const struct pixel_block block)
 {
-    const char *from = block->pixels;
-    for (std::uint32_t row = 0; row < block->height; row++, from += block->pitch, to += row_pitch) {
-        if (block->width <= SHORT_ROW)
-            copy_short_row(to, from, block->width);
+    const char *from = block.pixels;
+    for (std::uint32_t row = 0; row < block.height; row++, from += block.pitch, to += row_pitch) {
+        if (block.width <= SHORT_ROW)
+            copy_short_row(to, from, block.width);
         else
-            std::memcpy(to, from, block->width);
+            std::memcpy(to, from, block.width);
     }
 }
 
@@ -111,7 +112,7 @@ void row_copy(const struct paint_area *area, std::int64_t offset, const struct p
     if (!area->memory || !block->pixels || block->height == 0 || block->width == 0)
         return;
     if (fits(area, offset, block))
-        copy_rows(area->memory + offset, area->row_pitch, block);
+        copy_rows(area->memory + offset, area->row_pitch, *block);
     else if (offset > -OUT_OF_REACH && offset < OUT_OF_REACH)
         copy_rows_inside(area, offset, block);
 }

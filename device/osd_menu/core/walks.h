@@ -67,11 +67,5 @@ inline struct osdmenu_item_value *choice_after(const struct osdmenu_item_value *
     return reinterpret_cast<struct osdmenu_item_value *>(list_next(&choice->list, &value->list));
 }
 
-// The first item of that name in file order, at any depth. Nothing keeps names unique.
-inline struct osdmenu_item *item_byname(const char *name)
-{
-    for (struct osdmenu_item *item = first_loaded(); item; item = loaded_after(item))
-        if (is_named(item->name, name))
-            return item;
-    return nullptr;
-}
+// The first item of that name in file order, at any depth, or null.
+struct osdmenu_item *item_byname(const char *name);

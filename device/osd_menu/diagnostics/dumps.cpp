@@ -14,23 +14,34 @@ static void show_position(const struct osdmenu_position *position)
     DBG_INFO_AS(FUNCTION, "\n");
 }
 
+static void show_picture(const char *label, const struct osdmenu_view_bitmap *picture)
+{
+    DBG_INFO_AS(FUNCTION, "%s pixeltype:%d\n", label, static_cast<int>(picture->pixeltype));
+    DBG_INFO_AS(FUNCTION, "%s height:%d\n", label, static_cast<int>(picture->height));
+    DBG_INFO_AS(FUNCTION, "%s width:%d\n", label, static_cast<int>(picture->width));
+    DBG_INFO_AS(FUNCTION, "%s bitmap:0x%8p\n", label, static_cast<void *>(picture->bitmap));
+}
+
 static void show_view(const struct osdmenu_view *view)
 {
     DBG_INFO_AS(FUNCTION, "view type:%d\n", static_cast<int>(view->type));
     DBG_INFO_AS(FUNCTION, "view description:%s\n", shown(view->description));
-    DBG_INFO_AS(FUNCTION, "view pixeltype:%d\n", static_cast<int>(view->viewbitmap.pixeltype));
-    DBG_INFO_AS(FUNCTION, "view height:%d\n", static_cast<int>(view->viewbitmap.height));
-    DBG_INFO_AS(FUNCTION, "view width:%d\n", static_cast<int>(view->viewbitmap.width));
-    DBG_INFO_AS(FUNCTION, "view bitmap:0x%8p\n", static_cast<void *>(view->viewbitmap.bitmap));
+    show_picture("view", &view->viewbitmap);
 }
 
-static void show_choice(const struct osdmenu_item_value_txt *txt)
+static void show_limits(const char *label, int highlimit, int lowlimit, int step)
 {
-    DBG_INFO_AS(FUNCTION, "txt description:%s\n", shown(txt->description));
-    DBG_INFO_AS(FUNCTION, "txt viewbitmap pixeltype:%d\n", static_cast<int>(txt->viewbitmap.pixeltype));
-    DBG_INFO_AS(FUNCTION, "txt viewbitmap height:%d\n", static_cast<int>(txt->viewbitmap.height));
-    DBG_INFO_AS(FUNCTION, "txt viewbitmap width:%d\n", static_cast<int>(txt->viewbitmap.width));
-    DBG_INFO_AS(FUNCTION, "txt viewbitmap bitmap:0x%8p\n", static_cast<void *>(txt->viewbitmap.bitmap));
+    DBG_INFO_AS(FUNCTION, "%s highlimit:%d\n", label, highlimit);
+    DBG_INFO_AS(FUNCTION, "%s lowlimit:%d\n", label, lowlimit);
+    DBG_INFO_AS(FUNCTION, "%s step:%d\n", label, step);
+}
+
+static void show_choices(const struct osdmenu_item_value *value)
+{
+    for (const struct osdmenu_item_value *choice = first_choice(value); choice; choice = choice_after(choice, value)) {
+        DBG_INFO_AS(FUNCTION, "txt description:%s\n", shown(choice->u.txt.description));
+        show_picture("txt viewbitmap", &choice->u.txt.viewbitmap);
+    }
 }
 
 static void show_value(const struct osdmenu_item_value *value)
@@ -39,20 +50,15 @@ static void show_value(const struct osdmenu_item_value *value)
         DBG_INFO_AS(FUNCTION, "no value!\n");
         return;
     }
+    const struct osdmenu_item_value_number *number = &value->u.number;
+    const struct osdmenu_item_value_percentage *percentage = &value->u.percentage;
     DBG_INFO_AS(FUNCTION, "value type:%d\n", static_cast<int>(value->type));
-    if (value->type == VALUE_NUMBER) {
-        DBG_INFO_AS(FUNCTION, "number highlimit:%d\n", value->u.number.highlimit);
-        DBG_INFO_AS(FUNCTION, "number lowlimit:%d\n", value->u.number.lowlimit);
-        DBG_INFO_AS(FUNCTION, "number step:%d\n", value->u.number.step);
-    } else if (value->type == VALUE_PERCENTAGE) {
-        DBG_INFO_AS(FUNCTION, "percentage highlimit:%d\n", value->u.percentage.highlimit);
-        DBG_INFO_AS(FUNCTION, "percentage lowlimit:%d\n", value->u.percentage.lowlimit);
-        DBG_INFO_AS(FUNCTION, "percentage step:%d\n", value->u.percentage.step);
-    } else if (value->type == VALUE_TXT) {
-        for (const struct osdmenu_item_value *choice = first_choice(value); choice;
-             choice = choice_after(choice, value))
-            show_choice(&choice->u.txt);
-    }
+    if (value->type == VALUE_NUMBER)
+        show_limits("number", number->highlimit, number->lowlimit, number->step);
+    else if (value->type == VALUE_PERCENTAGE)
+        show_limits("percentage", percentage->highlimit, percentage->lowlimit, percentage->step);
+    else if (value->type == VALUE_TXT)
+        show_choices(value);
 }
 
 void show_all_menuitems(void)

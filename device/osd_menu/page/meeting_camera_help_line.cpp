@@ -9,7 +9,7 @@
 #include "core/state.h"
 #include "resources/glyph_banks.h"
 
-enum group {
+enum group : unsigned char {
     NOTHING,
     SELECT,
     CHANGE,
@@ -25,8 +25,8 @@ enum group {
 enum { MOST_LINES = 5, GROUPS_A_LINE = 2 };
 
 struct layout {
-    int lines_from_bottom; // where the first line stands, in text lines
-    bool tall_pitch;       // lines 1.2 text lines apart, else 1
+    unsigned char lines_from_bottom; // where the first line stands, in text lines
+    bool tall_pitch;                 // lines 1.2 text lines apart, else 1
     enum group lines[MOST_LINES][GROUPS_A_LINE];
 };
 

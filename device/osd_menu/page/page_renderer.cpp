@@ -130,7 +130,7 @@ int _osdmenu_draw_allitems(void)
 {
     int enabled_rows = paint_rows(page_on_show());
     if (!osdmenu_current_menuitem) {
-        LIB_TRACE(LOG_WORKAROUND, "osdmenu_current_menuitem == NULL,do menuback\n");
+        LIB_TRACE_AS(FUNCTION, LOG_WORKAROUND, "osdmenu_current_menuitem == NULL,do menuback\n");
         if (osdmenu_current_viewlevel != 0) {
             osdmenu_action_menuback();
             osdmenu_viewbuffer_fill_background();

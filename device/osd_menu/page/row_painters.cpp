@@ -94,11 +94,11 @@ int osdmenu_draw_itemvalue_percentage(int start_x, int start_y,
 }
 
 // The text of the choice at `current`, with a line of trace for each choice looked at; empty where there is none.
-static const char *present_text(const struct osdmenu_item_value *value)
+static const char *present_text(const char *function, const struct osdmenu_item_value *value)
 {
     int i = 0;
     for (const struct osdmenu_item_value *choice = first_choice(value); choice; choice = choice_after(choice, value)) {
-        DBG_INFO_AS("osdmenu_draw_itemvalue_rawtxt", "choice %d:%s\n", i, shown(choice->u.txt.description));
+        DBG_INFO_AS(function, "choice %d:%s\n", i, shown(choice->u.txt.description));
         if (i++ == value->current)
             return choice->u.txt.description ? choice->u.txt.description : "";
     }
@@ -109,7 +109,7 @@ int osdmenu_draw_itemvalue_rawtxt(int start_x, int start_y, struct osdmenu_item_
 {
     if (!item_value)
         return 0;
-    int result = draw_glyph_string(__func__, start_x, start_y, present_text(item_value));
+    int result = draw_glyph_string(__func__, start_x, start_y, present_text(__func__, item_value));
     if (result != 0)
         DBG_INFO("char not among the commonchar_string.\n");
     return result;

@@ -44,7 +44,7 @@ const struct osdmenu_view_bitmap *symbol_at(int index)
     return index >= 0 && index < SYMBOL_COUNT ? with_pixels(osdmenu_utf16symbol_viewbitmap[index]) : nullptr;
 }
 
-static const struct load_failure no_record = {"calloc osdmenu_view_bitmap fail:", "calloc osdmenu_view_bitmap fail!"};
+static const struct load_failure no_block = {"calloc osdmenu_view_bitmap fail:", "calloc osdmenu_view_bitmap fail!"};
 static const struct load_failure no_pixels = {"calloc osdmenu_view_bitmap bitmap fail:",
                                               "calloc osdmenu_view_bitmap bitmap fail!"};
 
@@ -90,7 +90,7 @@ static enum field_result read_entry(struct bank_file *file, struct osdmenu_view_
 {
     struct osdmenu_view_bitmap *block = static_cast<struct osdmenu_view_bitmap *>(std::calloc(1, sizeof *block));
     if (!block)
-        return fail(file, &no_record);
+        return fail(file, &no_block);
     enum field_result result = read_block(file, block, pixel_bytes);
     if (result != FIELD_READ) {
         free_block(block);
@@ -99,14 +99,6 @@ static enum field_result read_entry(struct bank_file *file, struct osdmenu_view_
     free_block(*entry);
     *entry = block;
     return FIELD_READ;
-}
-
-static bool open_bank(struct bank_file *file, const char *dir, const char *file_name)
-{
-    if (reader_open(&file->in, dir, file_name, LOOKAHEAD_TEXTS))
-        return true;
-    report_failure(file->loader, &file->not_open);
-    return false;
 }
 
 static int read_glyphs(struct bank_file *file)
@@ -132,7 +124,7 @@ int read2mem_menuitem_commonchar(const char *dir)
         {"read menuitems_commonchar_bitmap_file fail:", "read menuitems_commonchar_bitmap_file fail!"},
         {},
     };
-    if (!open_bank(&file, dir, "c.d"))
+    if (!open_reported(file.loader, &file.in, dir, "c.d", LOOKAHEAD_TEXTS, &file.not_open))
         return -1;
     DBG_INFO("open file:%s ok! %d\n", "c.d", GLYPH_COUNT + 1);
     int result = read_glyphs(&file);
@@ -173,7 +165,7 @@ int read2mem_menuitem_utf16symbol(const char *dir)
         {"read menuitems_utf16symbol_bitmap_file fail:", "read menuitems_utf16symbol_bitmap_file fail!"},
         {},
     };
-    if (!open_bank(&file, dir, "s.d"))
+    if (!open_reported(file.loader, &file.in, dir, "s.d", LOOKAHEAD_TEXTS, &file.not_open))
         return -1;
     DBG_INFO("open file:%s ok!\n", "s.d");
     int result = read_symbols(&file);

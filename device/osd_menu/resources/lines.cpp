@@ -5,13 +5,6 @@
 #include "core/line_walks.h"
 #include "resources/resource_fields.h"
 
-static const struct load_failure meta_not_open = {"open meta_file fail:", "open meta_file fail!"};
-static const struct load_failure data_not_open = {"open data_file fail:", "open data_file fail!"};
-static const struct load_failure meta_not_closed = {"close meta_file fail:", "close meta_file fail!"};
-static const struct load_failure data_not_closed = {"close data_file fail:", "close data_file fail!"};
-static const struct load_failure meta_unreadable = {"read meta_file fail:", "read meta_file fail!"};
-static const struct load_failure no_line = {"calloc osdmenu_item fail:", "calloc newitem fail!"};
-static const struct load_failure no_name = {"calloc osdmenu_item name fail:", "calloc newitem name fail!"};
 static const struct load_failure no_description = {"calloc osdmenu_item viewdescription fail:",
                                                    "calloc osdmenu_item viewdescription fail!"};
 static const struct load_failure no_pixels = {"calloc osdhelpline viewbimap bitmap fail:",
@@ -53,7 +46,7 @@ static void free_lines(struct list_head *lines)
 static enum load_course load_pixels(const struct line_kind *kind, struct reader *data,
                                     struct osdmenu_view_bitmap *picture)
 {
-    ssize_t got = read_picture(kind->loader, data, picture, &no_pixels, &data_file_unreadable);
+    ssize_t got = read_picture(kind->loader, data, picture, &no_pixels, &data_unreadable);
     if (got < 0)
         return FAIL;
     if (got == 0) {
@@ -90,7 +83,7 @@ static enum load_course load_line(const struct line_kind *kind, struct reader *m
 {
     struct osdhelpline *line = static_cast<struct osdhelpline *>(std::calloc(1, kind->record_size));
     if (!line)
-        return fail_for(kind, &no_line);
+        return fail_for(kind, &no_record);
     ssize_t got = reader_fill(meta, line, kind->record_size);
     if (got <= 0) {
         std::free(line);
@@ -110,23 +103,14 @@ static enum load_course load_lines(const struct line_kind *kind, struct reader *
     return course;
 }
 
-static bool open_file(const struct line_kind *kind, struct reader *file, const char *dir, const char *file_name,
-                      std::size_t lookahead, const struct load_failure *failure)
-{
-    if (reader_open(file, dir, file_name, lookahead))
-        return true;
-    report_failure(kind->loader, failure);
-    return false;
-}
-
 // Only a load that could open both files replaces the old lines.
 static int load_in_place_of_old(const struct line_kind *kind, const char *dir)
 {
     struct reader meta;
     struct reader data;
-    if (!open_file(kind, &meta, dir, kind->meta_name, LOOKAHEAD_RECORDS, &meta_not_open))
+    if (!open_reported(kind->loader, &meta, dir, kind->meta_name, LOOKAHEAD_RECORDS, &meta_not_open))
         return -1;
-    if (!open_file(kind, &data, dir, kind->data_name, LOOKAHEAD_TEXTS, &data_not_open)) {
+    if (!open_reported(kind->loader, &data, dir, kind->data_name, LOOKAHEAD_TEXTS, &data_not_open)) {
         close_reported(kind->loader, &meta, &meta_not_closed);
         return -1;
     }

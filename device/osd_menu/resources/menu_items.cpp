@@ -8,14 +8,8 @@
 #include "resources/resource_fields.h"
 
 static const char LOADER[] = "read2mem_all_menuitems";
+static const char RELEASE[] = "free_all_menuitems";
 
-static const struct load_failure meta_not_open = {"open meta_file fail:", "open meta_file fail!"};
-static const struct load_failure data_not_open = {"open data_file fail:", "open data_file fail!"};
-static const struct load_failure meta_not_closed = {"close meta_file fail:", "close meta_file fail!"};
-static const struct load_failure data_not_closed = {"close data_file fail:", "close data_file fail!"};
-static const struct load_failure meta_unreadable = {"read meta_file fail:", "read meta_file fail!"};
-static const struct load_failure no_item = {"calloc osdmenu_item fail:", "calloc newitem fail!"};
-static const struct load_failure no_name = {"calloc osdmenu_item name fail:", "calloc newitem name fail!"};
 static const struct load_failure no_description = {"calloc osdmenu_item view description fail:",
                                                    "calloc osdmenu_item view description fail!"};
 static const struct load_failure no_view = {"calloc osdmenu_item view viewbimap bitmap fail:",
@@ -116,7 +110,7 @@ static enum load_course load_view(struct reader *data, struct osdmenu_view *view
 {
     if (read_text(LOADER, data, &view->description, &no_description) == FIELD_FAILED)
         return STOP;
-    return load_picture(data, &view->viewbitmap, &no_view, &data_file_unreadable);
+    return load_picture(data, &view->viewbitmap, &no_view, &data_unreadable);
 }
 
 // An item joins its lists before its content is read, and stays there as far as it came.
@@ -124,7 +118,7 @@ static enum load_course load_item(struct item_files *files)
 {
     struct osdmenu_item *item = static_cast<struct osdmenu_item *>(std::calloc(1, sizeof *item));
     if (!item)
-        return stop_for(&no_item);
+        return stop_for(&no_record);
     ssize_t got = reader_fill(&files->meta, item, sizeof *item);
     if (got <= 0) {
         std::free(item);
@@ -146,10 +140,8 @@ static enum load_course load_item(struct item_files *files)
 static bool open_file(struct reader *file, const char *dir, const char *file_name, std::size_t lookahead,
                       const struct load_failure *failure)
 {
-    if (!reader_open(file, dir, file_name, lookahead)) {
-        report_failure(LOADER, failure);
+    if (!open_reported(LOADER, file, dir, file_name, lookahead, failure))
         return false;
-    }
     DBG_INFO_AS(LOADER, "open file:%s ok!\n", file_name);
     return true;
 }
@@ -183,7 +175,7 @@ static void free_choices(struct osdmenu_item_value *value)
 {
     for (struct osdmenu_item_value *choice = first_choice(value); choice;) {
         struct osdmenu_item_value *next = choice_after(choice, value);
-        DBG_OUT_INFO_AS("free_all_menuitems", "txt description:%s\n", shown(choice->u.txt.description));
+        DBG_OUT_INFO_AS(RELEASE, "txt description:%s\n", shown(choice->u.txt.description));
         std::free(choice->u.txt.description);
         std::free(choice->u.txt.viewbitmap.bitmap);
         std::free(choice);
@@ -193,16 +185,15 @@ static void free_choices(struct osdmenu_item_value *value)
 
 static void free_item(struct osdmenu_item *item)
 {
-    static const char function[] = "free_all_menuitems";
-    DBG_OUT_INFO_AS(function, "name:%s\n", shown(item->name));
-    DBG_OUT_INFO_AS(function, "view description:%s\n", shown(item->view.description));
+    DBG_OUT_INFO_AS(RELEASE, "name:%s\n", shown(item->name));
+    DBG_OUT_INFO_AS(RELEASE, "view description:%s\n", shown(item->view.description));
     std::free(item->name);
     std::free(item->view.description);
     std::free(item->view.viewbitmap.bitmap);
     if (item->item_values.type == VALUE_NONE)
-        DBG_OUT_INFO_AS(function, "no value!\n");
+        DBG_OUT_INFO_AS(RELEASE, "no value!\n");
     else
-        DBG_OUT_INFO_AS(function, "value type:%d\n", static_cast<int>(item->item_values.type));
+        DBG_OUT_INFO_AS(RELEASE, "value type:%d\n", static_cast<int>(item->item_values.type));
     if (has_choices(&item->item_values))
         free_choices(&item->item_values);
     std::free(item);
@@ -211,7 +202,7 @@ static void free_item(struct osdmenu_item *item)
 // The lists are left empty, so that whatever walks them before the next load finds nothing.
 int free_all_menuitems(void)
 {
-    DBG_OUT_INFO_AS(__func__, "enter\n");
+    DBG_OUT_INFO_AS(RELEASE, "enter\n");
     for (struct osdmenu_item *item = first_loaded(); item;) {
         struct osdmenu_item *next = loaded_after(item);
         free_item(item);
@@ -223,6 +214,6 @@ int free_all_menuitems(void)
         list_init(&orderized_osdmenu.siblings);
     }
     osdmenu_current_menuitem = nullptr;
-    DBG_OUT_INFO_AS(__func__, "leave\n");
+    DBG_OUT_INFO_AS(RELEASE, "leave\n");
     return 0;
 }

@@ -9,12 +9,28 @@
 
 enum { TEXT_LENGTH = 128, PICTURE_SPARE = 4 };
 
-const struct load_failure data_file_unreadable = {"read data_file fail:", "read data_file fail!"};
+const struct load_failure meta_not_open = {"open meta_file fail:", "open meta_file fail!"};
+const struct load_failure data_not_open = {"open data_file fail:", "open data_file fail!"};
+const struct load_failure meta_not_closed = {"close meta_file fail:", "close meta_file fail!"};
+const struct load_failure data_not_closed = {"close data_file fail:", "close data_file fail!"};
+const struct load_failure meta_unreadable = {"read meta_file fail:", "read meta_file fail!"};
+const struct load_failure data_unreadable = {"read data_file fail:", "read data_file fail!"};
+const struct load_failure no_record = {"calloc osdmenu_item fail:", "calloc newitem fail!"};
+const struct load_failure no_name = {"calloc osdmenu_item name fail:", "calloc newitem name fail!"};
 
 void report_failure(const char *loader, const struct load_failure *failure)
 {
     std::perror(failure->perror_text);
     DBG_ERR_AS(loader, "%s\n", failure->line);
+}
+
+bool open_reported(const char *loader, struct reader *file, const char *dir, const char *file_name,
+                   std::size_t lookahead, const struct load_failure *failure)
+{
+    if (reader_open(file, dir, file_name, lookahead))
+        return true;
+    report_failure(loader, failure);
+    return false;
 }
 
 bool close_reported(const char *loader, struct reader *file, const struct load_failure *failure)
@@ -55,7 +71,7 @@ enum field_result read_text(const char *loader, struct reader *data, char **text
     }
     enum field_result result = fill_text(data, *text);
     if (result == FIELD_FAILED)
-        report_failure(loader, &data_file_unreadable);
+        report_failure(loader, &data_unreadable);
     else if (result == FIELD_AT_END)
         DBG_ERR_AS(loader, "read data_file end! Right?\n");
     return result;

@@ -12,12 +12,24 @@ struct load_failure {
     const char *line;
 };
 
+// What the loaders of items and of lines say in the same words.
+extern const struct load_failure meta_not_open;
+extern const struct load_failure data_not_open;
+extern const struct load_failure meta_not_closed;
+extern const struct load_failure data_not_closed;
+extern const struct load_failure meta_unreadable;
+extern const struct load_failure data_unreadable;
+extern const struct load_failure no_record;
+extern const struct load_failure no_name;
+
 enum field_result { FIELD_READ, FIELD_AT_END, FIELD_FAILED };
 
 // Reports a failed call for a loader, by its exported name. errno is the call's.
 void report_failure(const char *loader, const struct load_failure *failure);
 
-// Closes a file, with a report where that fails.
+// Opens and closes a file, with a report where that fails.
+bool open_reported(const char *loader, struct reader *file, const char *dir, const char *file_name,
+                   std::size_t lookahead, const struct load_failure *failure);
 bool close_reported(const char *loader, struct reader *file, const struct load_failure *failure);
 
 // The size of a picture, a product of 32 bits wherever it is used.
@@ -39,5 +51,3 @@ enum field_result read_text(const char *loader, struct reader *data, char **text
 // Returns the bytes read: 0 at the end of the file, and for a picture of no size; -1 for a failure, which is reported.
 ssize_t read_picture(const char *loader, struct reader *data, struct osdmenu_view_bitmap *picture,
                      const struct load_failure *no_memory, const struct load_failure *unreadable);
-
-extern const struct load_failure data_file_unreadable; // a failed read of a text

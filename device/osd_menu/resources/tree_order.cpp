@@ -5,6 +5,8 @@
 #include "core/debug.h"
 #include "core/walks.h"
 
+static const char PLACING[] = "insert2orderized_osmenu";
+
 enum placement { PLACED = 1, REFUSED = 2 };
 
 // The page below the first item along `next` with that coordinate. Without one it is the page itself: a missing parent
@@ -28,12 +30,11 @@ static struct osdmenu_item *item_not_below(const struct list_head *page, int dep
 
 static void link_before(struct osdmenu_item *item, struct osdmenu_item *member, int depth)
 {
-    static const char function[] = "insert2orderized_osmenu";
     int value = item->position.levels[depth];
     int other = member->position.levels[depth];
     list_add_tail(&item->siblings, &member->siblings);
-    DBG_INFO_AS(function, "list_add err %s %d %d\n", shown(item->name), value, other);
-    LIB_TRACE_AS(function, LOG_EVENT, "list_add err %s %d %d\n\n", shown(item->name), value, other);
+    DBG_INFO_AS(PLACING, "list_add err %s %d %d\n", shown(item->name), value, other);
+    LIB_TRACE_AS(PLACING, LOG_EVENT, "list_add err %s %d %d\n\n", shown(item->name), value, other);
 }
 
 int insert2orderized_osmenu(struct osdmenu_item *item)
@@ -41,7 +42,7 @@ int insert2orderized_osmenu(struct osdmenu_item *item)
     if (!item)
         return REFUSED;
     if (item->position.levels[0] == LEVEL_ABSENT) {
-        DBG_ERR("first level value 0!\n");
+        DBG_ERR_AS(PLACING, "first level value 0!\n");
         return REFUSED;
     }
     struct list_head *page = &orderized_osdmenu.siblings;

@@ -4,6 +4,7 @@
 // bubble lands is decided by the write position, which a text moves and the pen does not follow.
 #include <climits>
 
+#include "core/debug.h"
 #include "core/line_walks.h"
 #include "text/glyphs.h"
 

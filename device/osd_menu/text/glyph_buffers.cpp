@@ -1,6 +1,7 @@
 // Painters of text into a place that the caller chooses, and the measure of a text.
 #include <cstring>
 
+#include "core/debug.h"
 #include "text/glyphs.h"
 
 // An address some bytes further on. It may leave the view: it is handed back, and never followed there.

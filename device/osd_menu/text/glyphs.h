@@ -1,7 +1,6 @@
 // Setting single glyphs: the terms that all painters of text share.
 #pragma once
 
-#include "core/debug.h"
 #include "core/view_buffer.h"
 #include "resources/glyph_banks.h"
 
@@ -13,13 +12,4 @@ inline void paint_glyph(const struct paint_area *area, std::int64_t offset, cons
 }
 
 // The glyph of a character, or with a message the one of the space. Null where the bank lacks it: it is then skipped.
-inline const struct osdmenu_view_bitmap *glyph_or_space(const char *function, char character)
-{
-    int index = glyph_index(character);
-    if (index == GLYPH_NONE) {
-        LIB_TRACE_AS(function, LOG_WORKAROUND, "char[0x%x] not among the commonchar_string,replaced by space\n",
-                     static_cast<unsigned char>(character));
-        index = GLYPH_SPACE;
-    }
-    return glyph_at(index);
-}
+const struct osdmenu_view_bitmap *glyph_or_space(const char *function, char character);

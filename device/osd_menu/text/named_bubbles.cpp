@@ -1,4 +1,7 @@
 // Bubble lines by name: placed in the view, or as a packed block of their own with the accessory's name beside them.
+#include <cinttypes>
+
+#include "core/debug.h"
 #include "core/line_walks.h"
 #include "text/glyphs.h"
 
@@ -9,20 +12,21 @@ enum {
     BLOCK_ALIGNMENT = 16,      // of a block's rows, and of its row pitch in bytes
 };
 
+typedef void direct_channel(const char *file, const char *function, int line, const char *format, ...);
+
 // Copies the picture of a bubble line to a byte offset of the view, at the pitch of the area. It is traced first: the
 // record, and where each of its rows goes, in bytes.
-static void place_bubble(const char *function, std::FILE *stream, const struct osdbubbleline *bubble,
+static void place_bubble(const char *function, direct_channel *trace, const struct osdbubbleline *bubble,
                          const struct paint_area *area, std::int64_t offset)
 {
-    const char *prefix = stream == stderr ? "DBG_ERR" : "DBG_INFO";
     const struct osdmenu_view_bitmap *picture = &bubble->viewbitmap;
     const struct pixel_block block = tight_block(picture);
-    print_line(stream, "%s:%s %s[%04d] bubble:%s height:%u width:%u pitch:%lld bitmap:%p\n", prefix, __FILE_NAME__,
-               function, __LINE__, shown(bubble->viewdescription), picture->height, picture->width,
-               static_cast<long long>(area->row_pitch), static_cast<void *>(picture->bitmap));
+    trace(__FILE_NAME__, function, __LINE__, "bubble:%s height:%u width:%u pitch:%" PRId64 " bitmap:%p\n",
+          shown(bubble->viewdescription), picture->height, picture->width, area->row_pitch,
+          static_cast<void *>(picture->bitmap));
     for (std::uint32_t row = 0; row < rows_owned(&block); row++)
-        print_line(stream, "%s:%s %s[%04d] dst:%lld src:%u size:%u\n", prefix, __FILE_NAME__, function, __LINE__,
-                   static_cast<long long>(offset + row * area->row_pitch), row * block.pitch, block.width);
+        trace(__FILE_NAME__, function, __LINE__, "dst:%" PRId64 " src:%u size:%u\n", offset + row * area->row_pitch,
+              row * block.pitch, block.width);
     row_copy(area, offset, &block);
 }
 
@@ -35,7 +39,7 @@ char *osdmenu_get_bubbleline_byname(const char *name, int start_x, int start_y, 
     const struct osdbubbleline *bubble = bubbleline_byname(name);
     if (bubble) {
         const struct paint_area area = view_area();
-        place_bubble(__func__, stderr, bubble, &area, view_offset(start_x, start_y));
+        place_bubble(__func__, dbg_err, bubble, &area, view_offset(start_x, start_y));
         result = view_address(view_offset(start_x, start_y));
     } else {
         result = get_osdmenu_bubble2(name, start_x, start_y, max_view_height);
@@ -76,7 +80,7 @@ static char *build_block(const struct osdbubbleline *bubble, int start_x, int st
         clear_view(static_cast<std::size_t>(osdmenu_bubblebuffer_size));
     struct paint_area area = view_area();
     area.row_pitch = width_align;
-    place_bubble("osdmenu_get_bubbleline_byname_with_wh", stdout, bubble, &area,
+    place_bubble("osdmenu_get_bubbleline_byname_with_wh", dbg_info, bubble, &area,
                  wrapping_add(wrapping_add(wrapping_mul(start_y, width_align), start_x), left_margin));
     return osdmenu_viewbuffer;
 }

@@ -1,0 +1,359 @@
+// Each benchmark runs its floor and the library in turns, and reports the ratio of the two: of the minima, and the
+// median of the pairs. A floor moves the same bytes with plain fills, copies and reads, and does nothing else.
+//
+// The library's direct lines go to /dev/null and stay in what is measured; how long as many bare lines take stands in a
+// benchmark of its own.
+#include <algorithm>
+#include <benchmark/benchmark.h>
+#include <chrono>
+#include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
+#include <fstream>
+#include <functional>
+#include <malloc.h>
+#include <sys/resource.h>
+#include <sys/uio.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "core/layout.h"
+#include "core/view_buffer.h"
+#include "core/walks.h"
+#include "resources/glyph_banks.h"
+#include "support/resources.h"
+
+using Work = std::function<void()>;
+
+static double seconds_of(const Work &work)
+{
+    const auto start = std::chrono::steady_clock::now();
+    work();
+    benchmark::ClobberMemory();
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+static double median(std::vector<double> values)
+{
+    std::nth_element(values.begin(), values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2), values.end());
+    return values[values.size() / 2];
+}
+
+// Runs both in turns, changing who goes first. `reset` runs before each, outside the clock.
+static void compare(
+    benchmark::State &state, const Work &floor, const Work &ours, const Work &reset = [] {})
+{
+    std::vector<double> floors, times, ratios;
+    for (auto _ : state) {
+        const bool floor_first = times.size() % 2 == 0;
+        double floor_time = 0, our_time = 0;
+        for (int turn = 0; turn < 2; turn++) {
+            reset();
+            if ((turn == 0) == floor_first)
+                floor_time = seconds_of(floor);
+            else
+                our_time = seconds_of(ours);
+        }
+        floors.push_back(floor_time);
+        times.push_back(our_time);
+        ratios.push_back(our_time / floor_time);
+        state.SetIterationTime(our_time);
+    }
+    const double least = *std::min_element(times.begin(), times.end());
+    const double least_floor = *std::min_element(floors.begin(), floors.end());
+    state.counters["ratio_min"] = least / least_floor;
+    state.counters["ratio_median"] = median(ratios);
+    state.counters["ours_us"] = least * 1e6;
+    state.counters["floor_us"] = least_floor * 1e6;
+}
+
+// Rows to copy, as a floor does it: one memcpy each, with nothing to work out.
+struct Copies {
+    struct Row {
+        char *to;
+        const char *from;
+        std::size_t bytes;
+    };
+    std::vector<Row> rows;
+
+    void add(int x, int y, const osdmenu_view_bitmap &picture, unsigned pitch)
+    {
+        for (unsigned row = 0; row < picture.height; row++)
+            rows.push_back({osdmenu_viewbuffer + view_offset(x, y + static_cast<int>(row)),
+                            picture.bitmap + row * pitch, picture.width});
+    }
+
+    int add_text(int x, int y, const std::string &text)
+    {
+        for (char character : text) {
+            const osdmenu_view_bitmap &glyph = *glyph_at(glyph_index(character));
+            add(x, y, glyph, glyph.stride);
+            x += pixels_of(glyph.width);
+        }
+        return x;
+    }
+
+    void run() const
+    {
+        for (const Row &row : rows)
+            std::memcpy(row.to, row.from, row.bytes);
+    }
+};
+
+enum { VIEW_WIDTH = 1760, VIEW_HEIGHT = 1160, ROW_HEIGHT = 48, GLYPH_WIDTH = 48, PAGE_ROWS = 14 };
+
+static int answer_value(osdmenu_item *item, int operation, int)
+{
+    if (operation != ACTION_OP_GET)
+        return 0;
+    return item->item_values.type == VALUE_TXT ? 1 : 654321;
+}
+
+static const ResourceDirectory &resources()
+{
+    static const ResourceDirectory directory;
+    return directory;
+}
+
+// A title, then labels, choices and, if wanted, numbers of six digits in turn.
+static void load_page(bool numbers)
+{
+    std::vector<Item> items;
+    for (int i = 0; i < PAGE_ROWS; i++) {
+        Item item = {"row" + std::to_string(i), {i}, {ROW_HEIGHT, 1200, static_cast<char>(i)}};
+        if (i % 3 == 1) {
+            item.type = VALUE_TXT;
+            item.choices = {{"off", {ROW_HEIGHT, 400, 1}}, {"on", {ROW_HEIGHT, 400, 2}}};
+        } else if (i % 3 == 2 && numbers) {
+            item.type = VALUE_NUMBER;
+            item.number = {999999, 0, 0, 1};
+        }
+        items.push_back(item);
+    }
+    resources().write_items(items);
+    free_all_menuitems();
+    read2mem_all_menuitems(resources().path().c_str());
+    orderize_all_menuitems();
+    for (const Item &item : items)
+        osdmenu_register_action_byname(item.name.c_str(), answer_value, 0);
+    osdmenu_current_view_position_reset();
+}
+
+static Copies copies_of_page()
+{
+    Copies copies;
+    int y = osdmenu_view_itemarea_y;
+    for (osdmenu_item *row = first_row(&orderized_osdmenu.siblings); row;
+         row = row_below(row, &orderized_osdmenu.siblings)) {
+        const int value_x = osdmenu_view_valuearea_x;
+        if (y == osdmenu_view_itemarea_y + ROW_HEIGHT + osdmenu_view_rowspace)
+            copies.add(osdmenu_view_rulerarea_x, y, *symbol_at(SYMBOL_POINTER), symbol_at(SYMBOL_POINTER)->stride);
+        copies.add(osdmenu_view_itemarea_x, y, row->view.viewbitmap, row->view.viewbitmap.width);
+        if (row->item_values.type == VALUE_TXT) {
+            const osdmenu_view_bitmap &picture =
+                choice_after(first_choice(&row->item_values), &row->item_values)->u.txt.viewbitmap;
+            copies.add(value_x, y, picture, picture.width);
+        } else if (row->item_values.type == VALUE_NUMBER) {
+            copies.add_text(value_x, y, "654321");
+        }
+        y += ROW_HEIGHT + osdmenu_view_rowspace;
+    }
+    return copies;
+}
+
+static void fill_background(benchmark::State &state)
+{
+    const auto plain_fill = [] {
+        auto *words = reinterpret_cast<unsigned *>(osdmenu_viewbuffer);
+        std::fill_n(words, osdmenu_viewbuffer_size / 4, static_cast<unsigned>(osdmenu_default_color));
+    };
+    compare(state, plain_fill, [] { osdmenu_viewbuffer_fill_background(); });
+}
+
+static void page(benchmark::State &state, bool numbers)
+{
+    load_page(numbers);
+    const Copies copies = copies_of_page();
+    compare(
+        state, [&] { copies.run(); }, [] { osdmenu_draw_allitems(); });
+}
+
+// As many lines as the numbers of a page write: one for each number and one for each of its digits.
+static void lines_of_page(benchmark::State &state)
+{
+    for (auto _ : state) {
+        const double time = seconds_of([] {
+            for (int i = 0; i < 4 * 7; i++) {
+                std::printf("DBG_INFO:%s %s[%04d] glyph %d %d %d %d\n", "file.cpp", "function", i, 1, 2, 3, 4);
+                std::fflush(stdout);
+            }
+        });
+        state.SetIterationTime(time);
+    }
+}
+
+static void text_line(benchmark::State &state)
+{
+    static const char text[] = "Firmware 2.10.4 is ready to be installed";
+    Copies copies;
+    copies.add_text(20, 20, text);
+    compare(
+        state, [&] { copies.run(); },
+        [] { osdmenu_draw_string_at_position(20, 20, text, static_cast<int>(sizeof text)); });
+}
+
+// The bubble clears the whole view first, and so does its floor.
+static void bubble(benchmark::State &state)
+{
+    Copies copies;
+    copies.add_text(20, 20, "Firmware 2.10.4 is r");
+    copies.add_text(20, 20 + fontSize(), "eady to be installed");
+    compare(
+        state,
+        [&] {
+            std::memset(osdmenu_viewbuffer, 0, static_cast<std::size_t>(osdmenu_viewbuffer_size));
+            copies.run();
+        },
+        [] { get_osdmenu_bubble("Firmware 2.10.4 is r\neady to be installed", 20, 20); });
+}
+
+// Without a configuration the current item shows two groups of symbols and text, and a line.
+static void help_block(benchmark::State &state)
+{
+    load_page(false);
+    osdmenu_draw_allitems();
+    const int f = fontSize();
+    const int t = f * 3 / 4;
+    const int bottom = osdmenu_viewarea_height;
+    Copies copies;
+    const auto symbol = [&](int x, int y, int index) { copies.add(x, y, *symbol_at(index), symbol_at(index)->stride); };
+    const auto line = [&](int x, int y) {
+        const auto &picture = reinterpret_cast<osdhelpline *>(osdhelp.siblings.next)->viewbitmap;
+        copies.add(x, y, picture, picture.width);
+    };
+    symbol(f, bottom - 3 * f, SYMBOL_UP);
+    symbol(f + t, bottom - 3 * f, SYMBOL_DOWN);
+    line(2 * f + t, bottom - 3 * f);
+    symbol(f, bottom - 2 * f, SYMBOL_LEFT);
+    symbol(f + t, bottom - 2 * f, SYMBOL_RIGHT);
+    line(2 * f + t, bottom - 2 * f);
+    line(t, bottom - f);
+    compare(
+        state, [&] { copies.run(); }, [] { osdmenu_draw_meeting_camera_helpline(); });
+}
+
+enum { LOAD_ITEMS = 300, LOAD_HEIGHT = 48, LOAD_WIDTH = 584 }; // 8.4 MB of pictures
+
+// The same files into fresh blocks of the same sizes, each item's blocks with one read.
+static std::vector<void *> read_into_blocks(const std::vector<Item> &items)
+{
+    std::vector<void *> blocks;
+    const auto block = [&](std::size_t size) { return blocks.emplace_back(std::calloc(1, size)); };
+    const int meta = open((resources().path() + "m.d").c_str(), O_RDONLY);
+    const int data = open((resources().path() + "b.d").c_str(), O_RDONLY);
+    for (const Item &item : items) {
+        iovec record = {block(sizeof(osdmenu_item)), sizeof(osdmenu_item)};
+        iovec content[3] = {{block(132), item.name.size() + 1},
+                            {block(132), item.description.size() + 1},
+                            {block(LOAD_HEIGHT * LOAD_WIDTH + 4), LOAD_HEIGHT * LOAD_WIDTH}};
+        if (readv(meta, &record, 1) < 0 || readv(data, content, 3) < 0)
+            std::abort();
+    }
+    close(meta);
+    close(data);
+    return blocks;
+}
+
+static std::vector<Item> many_items()
+{
+    std::vector<Item> items;
+    for (int i = 0; i < LOAD_ITEMS; i++)
+        items.push_back({"item" + std::to_string(i), {i % 200}, {LOAD_HEIGHT, LOAD_WIDTH, static_cast<char>(i)}});
+    return items;
+}
+
+// How far a load raises the peak memory of a process of its own, in KiB.
+static double peak_of_load()
+{
+    int pipe_ends[2];
+    if (pipe(pipe_ends) != 0)
+        return 0;
+    if (fork() == 0) {
+        rusage before = {}, after = {};
+        getrusage(RUSAGE_SELF, &before);
+        read2mem_all_menuitems(resources().path().c_str());
+        getrusage(RUSAGE_SELF, &after);
+        const long grown = after.ru_maxrss - before.ru_maxrss;
+        _exit(write(pipe_ends[1], &grown, sizeof grown) == sizeof grown ? 0 : 1);
+    }
+    long grown = 0;
+    if (read(pipe_ends[0], &grown, sizeof grown) != sizeof grown)
+        grown = 0;
+    wait(nullptr);
+    close(pipe_ends[0]);
+    close(pipe_ends[1]);
+    return static_cast<double>(grown);
+}
+
+static void load(benchmark::State &state)
+{
+    const std::vector<Item> items = many_items();
+    resources().write_items(items);
+    std::vector<void *> blocks;
+    const auto reset = [&] {
+        free_all_menuitems();
+        for (void *block : blocks)
+            std::free(block);
+        blocks.clear();
+        malloc_trim(0); // fresh pages for whoever comes next
+    };
+    reset();
+    state.counters["peak_KiB"] = peak_of_load();
+    state.counters["blocks_KiB"] =
+        LOAD_ITEMS * (sizeof(osdmenu_item) + 2 * 132 + LOAD_HEIGHT * LOAD_WIDTH + 4) / 1024.0;
+    compare(
+        state, [&] { blocks = read_into_blocks(items); }, [] { read2mem_all_menuitems(resources().path().c_str()); },
+        reset);
+    reset();
+}
+
+static void set_up()
+{
+    const Picture help = {ROW_HEIGHT, 600, 7};
+    std::string symbols;
+    for (int i = 0; i < 4; i++)
+        symbols += block_of({ROW_HEIGHT, GLYPH_WIDTH, static_cast<char>(i)}, GLYPH_WIDTH);
+    resources().write("c.d", glyph_bank(ROW_HEIGHT, GLYPH_WIDTH));
+    resources().write("s.d", symbols);
+    resources().write_lines({{"select", help}, {"change", help}, {"menu", help}}, false);
+    osdmenu_viewbuffer_malloc(VIEW_WIDTH, VIEW_HEIGHT);
+    read2mem_menuitem_commonchar(resources().path().c_str());
+    read2mem_menuitem_utf16symbol(resources().path().c_str());
+    read2mem_helpline(resources().path().c_str());
+}
+
+// The report keeps standard output; everything else that is printed goes to /dev/null.
+int main(int argc, char **argv)
+{
+    benchmark::Initialize(&argc, argv);
+    std::ofstream report("/proc/self/fd/" + std::to_string(dup(STDOUT_FILENO)));
+    const int null = open("/dev/null", O_WRONLY);
+    dup2(null, STDOUT_FILENO);
+    dup2(null, STDERR_FILENO);
+    set_up();
+    const auto add = [](const char *name, void (*run)(benchmark::State &)) {
+        benchmark::RegisterBenchmark(name, run)->UseManualTime()->Unit(benchmark::kMicrosecond);
+    };
+    add("fill_background", fill_background);
+    add("page_without_numbers", [](benchmark::State &state) { page(state, false); });
+    add("page_with_numbers", [](benchmark::State &state) { page(state, true); });
+    add("lines_of_numbers", lines_of_page);
+    add("text_line_40_glyphs", text_line);
+    add("bubble_40_glyphs", bubble);
+    add("help_block", help_block);
+    add("load_300_items", load);
+    benchmark::ConsoleReporter reporter(benchmark::ConsoleReporter::OO_Tabular);
+    reporter.SetOutputStream(&report);
+    reporter.SetErrorStream(&report);
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+}

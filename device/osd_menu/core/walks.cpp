@@ -1,0 +1,20 @@
+// Finding records by their name.
+#include "core/walks.h"
+#include "core/line_walks.h"
+
+struct osdmenu_item *item_byname(const char *name)
+{
+    for (struct osdmenu_item *item = first_loaded(); item; item = loaded_after(item))
+        if (is_named(item->name, name))
+            return item;
+    return nullptr;
+}
+
+const struct osdbubbleline *bubbleline_byname(const char *name)
+{
+    const struct list_head *lines = &osbbubble.siblings;
+    for (const struct osdhelpline *line = first_line(lines); line; line = line_after(line, lines))
+        if (is_named(line->name, name))
+            return reinterpret_cast<const struct osdbubbleline *>(line);
+    return nullptr;
+}
