@@ -99,18 +99,6 @@ int osdmenu_disableitem_byname(const char *itemname)
     return 0;
 }
 
-// Looks at the choices in order, with a line for each, up to the present one.
-static struct osdmenu_item_value *present_choice(const char *function, const struct osdmenu_item_value *value)
-{
-    int i = 0;
-    for (struct osdmenu_item_value *choice = first_choice(value); choice; choice = choice_after(choice, value), i++) {
-        DBG_INFO_AS(function, "choice %d:%s\n", i, shown(choice->u.txt.description));
-        if (i == value->current)
-            return choice;
-    }
-    return nullptr;
-}
-
 int osdmenu_action_setnewtxtvalue2menuitem(struct osdmenu_item *menuitem, const char *txtvalue)
 {
     const std::size_t text_limit = 64; // what stands behind it in the block is left alone

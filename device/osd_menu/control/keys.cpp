@@ -14,37 +14,36 @@
 
 static const char FUNCTION[] = "osdmenu_process_key";
 
-// A row that an anchor jumps to: none, or one at depth 2 by number.
-enum { STAY = -1, JUMP_LEVEL = 2 };
+// Where an anchor leads: nowhere, to its item's row of the top list, or else to a row at depth 2 by number.
+enum { STAY = -1, TO_ITEM = -2, JUMP_LEVEL = 2 };
 
 // What UP or DOWN does at an item named by a configuration key.
 struct anchor {
     const char *key;
-    const char *top_item;           // the row of the top list to jump to, or null
-    const char *asked;              // the item whose being enabled decides between the two rows below, or null
-    int row_if_enabled;             // at depth 2, or STAY
-    int row_if_disabled;            // at depth 2, or STAY
-    const char *key_while_disabled; // asked beforehand, it chooses the key too; or null
+    const char *item; // to go to; or whose being enabled decides between the rows below
+    int row_if_enabled;
+    int row_if_disabled;
+    const char *key_while_disabled; // the item, asked beforehand, chooses the key too; or null
 };
 
 // Tried in this order; the first match ends the press.
 static const struct anchor up_anchors[] = {
-    {"information_last_item", nullptr, nullptr, STAY, STAY, nullptr},
-    {"peripheral_last_item", nullptr, nullptr, STAY, STAY, nullptr},
-    {"get_ip_first_item", nullptr, "ethernet_for_laptop", 2, STAY, nullptr},
-    {"menu_first_item", "osdmirror", nullptr, STAY, STAY, nullptr},
-    {"peripheralinformation_title", nullptr, nullptr, STAY, STAY, nullptr},
-    {"peripheralinformation_item", nullptr, "cec", 3, STAY, nullptr},
-    {"language_item", nullptr, "peripheralinformation", 8, 3, nullptr},
+    {"information_last_item", nullptr, STAY, STAY, nullptr},
+    {"peripheral_last_item", nullptr, STAY, STAY, nullptr},
+    {"get_ip_first_item", "ethernet_for_laptop", 2, STAY, nullptr},
+    {"menu_first_item", "osdmirror", TO_ITEM, TO_ITEM, nullptr},
+    {"peripheralinformation_title", nullptr, STAY, STAY, nullptr},
+    {"peripheralinformation_item", "cec", 3, STAY, nullptr},
+    {"language_item", "peripheralinformation", 8, 3, nullptr},
 };
 
 static const struct anchor down_anchors[] = {
-    {"information_last_item", nullptr, nullptr, STAY, STAY, nullptr},
-    {"peripheral_last_item", nullptr, nullptr, STAY, STAY, nullptr},
-    {"get_ip_last_item", nullptr, "ethernet_for_laptop", 1, STAY, "get_ip_first_item"},
-    {"peripheralinformation_title", nullptr, nullptr, STAY, STAY, nullptr},
-    {"menu_last_item", "camera", nullptr, STAY, STAY, nullptr},
-    {"general_last_item", nullptr, "peripheralinformation", 8, 1, nullptr},
+    {"information_last_item", nullptr, STAY, STAY, nullptr},
+    {"peripheral_last_item", nullptr, STAY, STAY, nullptr},
+    {"get_ip_last_item", "ethernet_for_laptop", 1, STAY, "get_ip_first_item"},
+    {"peripheralinformation_title", nullptr, STAY, STAY, nullptr},
+    {"menu_last_item", "camera", TO_ITEM, TO_ITEM, nullptr},
+    {"general_last_item", "peripheralinformation", 8, 1, nullptr},
 };
 
 static bool current_item_is(const char *name)
@@ -57,29 +56,33 @@ static void set_row(int level, int row)
     current_view_position.levels[level] = static_cast<unsigned char>(row);
 }
 
-static void follow_anchor(const struct anchor *anchor, bool asked_enabled)
+static void go_to(const struct anchor *anchor, int row)
 {
-    int row = asked_enabled ? anchor->row_if_enabled : anchor->row_if_disabled;
-    if (anchor->top_item)
-        set_row(0, get_levels_byname(anchor->top_item));
+    if (row == TO_ITEM)
+        set_row(0, get_levels_byname(anchor->item));
     else if (row != STAY)
         set_row(JUMP_LEVEL, row);
 }
 
-// True when the press ends here.
+static bool item_decides(const struct anchor *anchor)
+{
+    return anchor->item && anchor->row_if_enabled != TO_ITEM;
+}
+
+// True when the press ends here. An item is asked once, with a line of its own.
 static bool try_anchor(const struct anchor *anchor)
 {
     const char *key = anchor->key;
     bool enabled = false;
     if (anchor->key_while_disabled) {
-        enabled = osdmenu_itemname_enable(anchor->asked) == 1;
+        enabled = osdmenu_itemname_enable(anchor->item) == 1;
         key = enabled ? anchor->key : anchor->key_while_disabled;
     }
     if (!current_item_is(config_text(key)))
         return false;
-    if (anchor->asked && !anchor->key_while_disabled)
-        enabled = osdmenu_itemname_enable(anchor->asked) == 1;
-    follow_anchor(anchor, enabled);
+    if (item_decides(anchor) && !anchor->key_while_disabled)
+        enabled = osdmenu_itemname_enable(anchor->item) == 1;
+    go_to(anchor, enabled ? anchor->row_if_enabled : anchor->row_if_disabled);
     return true;
 }
 

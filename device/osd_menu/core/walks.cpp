@@ -18,3 +18,14 @@ const struct osdbubbleline *bubbleline_byname(const char *name)
             return reinterpret_cast<const struct osdbubbleline *>(line);
     return nullptr;
 }
+
+struct osdmenu_item_value *present_choice(const char *function, const struct osdmenu_item_value *value)
+{
+    int i = 0;
+    for (struct osdmenu_item_value *choice = first_choice(value); choice; choice = choice_after(choice, value)) {
+        DBG_INFO_AS(function, "choice %d:%s\n", i, shown(choice->u.txt.description));
+        if (i++ == value->current)
+            return choice;
+    }
+    return nullptr;
+}

@@ -69,3 +69,6 @@ inline struct osdmenu_item_value *choice_after(const struct osdmenu_item_value *
 
 // The first item of that name in file order, at any depth, or null.
 struct osdmenu_item *item_byname(const char *name);
+
+// The choice at `current`, or null where the list has none. Each choice looked at writes a line for the function.
+struct osdmenu_item_value *present_choice(const char *function, const struct osdmenu_item_value *value);

@@ -54,16 +54,17 @@ static int draw_glyph_string(const char *function, int start_x, int start_y, con
     return 0;
 }
 
-// The order matters where the limits are crossed: such a value ends on the high one.
-static int clamped(int current, int lowlimit, int highlimit)
+// Brings a number between its limits and paints it. Where the limits are crossed it ends on the high one: the low one
+// comes first.
+static int draw_bounded(const char *function, int start_x, int start_y, int *current, int lowlimit, int highlimit,
+                        const char *unit)
 {
-    if (current < lowlimit)
-        current = lowlimit;
-    return current > highlimit ? highlimit : current;
-}
-
-static int draw_number_text(const char *function, int start_x, int start_y, const char *numberstring)
-{
+    char numberstring[32];
+    if (*current < lowlimit)
+        *current = lowlimit;
+    if (*current > highlimit)
+        *current = highlimit;
+    std::snprintf(numberstring, sizeof numberstring, "%d%s", *current, unit);
     DBG_INFO_AS(function, "number:%s\n", numberstring);
     int result = draw_glyph_string(function, start_x, start_y, numberstring);
     if (result != 0)
@@ -75,10 +76,8 @@ int osdmenu_draw_itemvalue_number(int start_x, int start_y, struct osdmenu_item_
 {
     if (!itemvaluenumber)
         return 0;
-    char numberstring[32];
-    itemvaluenumber->current = clamped(itemvaluenumber->current, itemvaluenumber->lowlimit, itemvaluenumber->highlimit);
-    std::snprintf(numberstring, sizeof numberstring, "%d", itemvaluenumber->current);
-    return draw_number_text(__func__, start_x, start_y, numberstring);
+    return draw_bounded(__func__, start_x, start_y, &itemvaluenumber->current, itemvaluenumber->lowlimit,
+                        itemvaluenumber->highlimit, "");
 }
 
 int osdmenu_draw_itemvalue_percentage(int start_x, int start_y,
@@ -86,30 +85,17 @@ int osdmenu_draw_itemvalue_percentage(int start_x, int start_y,
 {
     if (!itemvaluepercentage)
         return 0;
-    char numberstring[32];
-    itemvaluepercentage->current =
-        clamped(itemvaluepercentage->current, itemvaluepercentage->lowlimit, itemvaluepercentage->highlimit);
-    std::snprintf(numberstring, sizeof numberstring, "%d%%", itemvaluepercentage->current);
-    return draw_number_text(__func__, start_x, start_y, numberstring);
-}
-
-// The text of the choice at `current`, with a line of trace for each choice looked at; empty where there is none.
-static const char *present_text(const char *function, const struct osdmenu_item_value *value)
-{
-    int i = 0;
-    for (const struct osdmenu_item_value *choice = first_choice(value); choice; choice = choice_after(choice, value)) {
-        DBG_INFO_AS(function, "choice %d:%s\n", i, shown(choice->u.txt.description));
-        if (i++ == value->current)
-            return choice->u.txt.description ? choice->u.txt.description : "";
-    }
-    return "";
+    return draw_bounded(__func__, start_x, start_y, &itemvaluepercentage->current, itemvaluepercentage->lowlimit,
+                        itemvaluepercentage->highlimit, "%");
 }
 
 int osdmenu_draw_itemvalue_rawtxt(int start_x, int start_y, struct osdmenu_item_value *item_value)
 {
     if (!item_value)
         return 0;
-    int result = draw_glyph_string(__func__, start_x, start_y, present_text(__func__, item_value));
+    const struct osdmenu_item_value *choice = present_choice(__func__, item_value);
+    const char *txtvalue = choice ? choice->u.txt.description : nullptr;
+    int result = draw_glyph_string(__func__, start_x, start_y, txtvalue ? txtvalue : "");
     if (result != 0)
         DBG_INFO("char not among the commonchar_string.\n");
     return result;
