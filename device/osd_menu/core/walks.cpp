@@ -1,5 +1,7 @@
-// Finding records by their name.
+// Finding records: by their name, and the present choice of a value.
 #include "core/walks.h"
+
+#include "core/debug.h"
 #include "core/line_walks.h"
 
 struct osdmenu_item *item_byname(const char *name)
