@@ -137,7 +137,8 @@ OSD_MENU_API int osdmenu_viewbuffer_fill_background(void);
 /**
  * Loads the glyphs from c.d, freeing those that it replaces.
  *
- * @return above 0 when all 93 are there, 0 when the file ends early, -1 on failure
+ * @return 0 or above, or -1 on failure. Above 0 all 93 are there, and it is the bytes of the last one's pixels; 0 where
+ *         the file ends before them
  */
 OSD_MENU_API int read2mem_menuitem_commonchar(const char *dir);
 
@@ -439,7 +440,8 @@ OSD_MENU_API int osdmenu_enableitem_byname(const char *itemname);
 OSD_MENU_API int osdmenu_disableitem_byname(const char *itemname);
 
 /**
- * Makes a VALUE_TXT item show a free text, which is written over its present choice.
+ * Makes a VALUE_TXT item show a free text, which is written over its present choice. The item then shows its first
+ * choice: where another was present, only a second call is seen.
  *
  * @param txtvalue  its first 64 bytes are taken
  * @return 0; -1 for a null argument

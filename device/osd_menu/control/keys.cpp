@@ -121,10 +121,12 @@ static void press_up(void)
     int level = osdmenu_current_viewlevel;
     int row = current_view_position.levels[level];
     trace_separator();
-    if (row == lowest_row())
+    if (row == lowest_row()) {
         set_row(level, wrapping_sub(last_looped_itemnumber, 1));
-    else
-        set_row(level, --row);
+    } else {
+        row--;
+        set_row(level, row);
+    }
     if (row < *scroll_top())
         *scroll_top() = static_cast<unsigned char>(row);
 }

@@ -8,6 +8,12 @@
 static const char AI_MODE_ITEM[] = "aimodeselection";
 static const char INFORMATION_ITEM[] = "information";
 
+int level_below(struct osdmenu_item *item)
+{
+    int level = get_viewlevel_from_menuitem(item) + 1;
+    return level < MENU_LEVELS ? level : MENU_LEVELS - 1;
+}
+
 int last_enabled_row(const struct osdmenu_item *item)
 {
     int count = 0;
@@ -86,7 +92,8 @@ static struct osdmenu_item *walk_to_information(unsigned char *enabled)
     return nullptr;
 }
 
-// The row counts items of all depths in load order: files hold the top list first.
+// The row counts the items of all depths in load order, as they were before the action is called: it is the row of the
+// top list only in files that hold the top list first.
 int osdmenu_call_information_immediate(void)
 {
     unsigned char enabled;

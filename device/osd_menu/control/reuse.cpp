@@ -11,14 +11,15 @@ static void copy_text(char *to, const char *from)
         std::memcpy(to, from, TEXT_BLOCK);
 }
 
-// The new pixels are allocated before the old ones go: without memory the old picture stays whole.
+// The new pixels are allocated before the old ones go: without memory the old picture stays whole. A picture without
+// pixels is copied as one.
 static void copy_picture(struct osdmenu_view_bitmap *to, const struct osdmenu_view_bitmap *from)
 {
     std::uint32_t size = picture_size(from);
-    char *pixels = allocate_picture(size);
-    if (!pixels)
+    char *pixels = from->bitmap ? allocate_picture(size) : nullptr;
+    if (from->bitmap && !pixels)
         return;
-    if (from->bitmap)
+    if (pixels)
         std::memcpy(pixels, from->bitmap, size);
     std::free(to->bitmap);
     *to = *from;

@@ -13,9 +13,10 @@ static char *append(char *at, const char *end, const char *text)
 
 // Puts "PREFIX:FILE FUNCTION[LINE] " before a message's format, so that a line goes out whole. By hand: formatting it
 // would cost as much again as writing the line. Names of files and functions hold no percent sign.
-static void prepend(char *format, const char *end, const char *prefix, const char *file, const char *function, int line,
-                    const char *message)
+static void prepend(char *format, std::size_t size, const char *prefix, const char *file, const char *function,
+                    int line, const char *message)
 {
+    const char *const end = format + size - 1;
     char digits[5] = {};
     for (int i = 3; i >= 0; i--, line /= 10)
         digits[i] = static_cast<char>('0' + line % 10);
@@ -29,7 +30,7 @@ static void print_line(std::FILE *stream, const char *prefix, const char *file, 
                        const char *message, std::va_list arguments)
 {
     char format[256];
-    prepend(format, format + sizeof format - 1, prefix, file, function, line, message);
+    prepend(format, sizeof format, prefix, file, function, line, message);
     std::vfprintf(stream, format, arguments);
     std::fflush(stream);
 }

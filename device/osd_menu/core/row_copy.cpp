@@ -48,7 +48,7 @@ static void copy_rows(char *to, std::int64_t row_pitch, const struct pixel_block
 
 std::uint32_t rows_owned(const struct pixel_block *block)
 {
-    if (block->width == 0 || block->pitch == 0)
+    if (!block->pixels || block->width == 0 || block->pitch == 0)
         return 0;
     std::uint32_t size = block_size(block);
     return std::min(block->height, size / block->pitch + (size % block->pitch != 0));
@@ -64,24 +64,20 @@ static bool fits(const struct paint_area *area, std::int64_t offset, const struc
     return static_cast<std::uint64_t>(offset) + last_row + block->width <= area->size;
 }
 
-struct row_range {
-    std::int64_t first;
-    std::int64_t end;
-};
-
 // How many rows it takes to go further than a distance in bytes.
 static std::int64_t rows_to_pass(std::int64_t distance, std::int64_t row_pitch)
 {
     return distance < 0 ? 0 : distance / row_pitch + 1;
 }
 
-// The rows of a block that touch the area at all. With a negative pitch they climb towards its start.
-static struct row_range rows_touching(const struct paint_area *area, std::int64_t offset,
-                                      const struct pixel_block *block)
+// With a negative pitch the rows climb towards the start of the area.
+struct row_range rows_touching(const struct paint_area *area, std::int64_t offset, const struct pixel_block *block)
 {
     std::int64_t rows = rows_owned(block);
     std::int64_t size = static_cast<std::int64_t>(area->size);
     std::int64_t pitch = area->row_pitch;
+    if (offset <= -OUT_OF_REACH || offset >= OUT_OF_REACH)
+        return {0, 0};
     if (pitch == 0) // all rows fall on one place, where the last one stays
         return {std::max<std::int64_t>(rows - 1, 0), rows};
     if (pitch > 0)
@@ -102,7 +98,7 @@ static void copy_rows_inside(const struct paint_area *area, std::int64_t offset,
 {
     struct row_range rows = rows_touching(area, offset, block);
     for (std::int64_t row = rows.first; row < rows.end; row++) {
-        struct pixel_block part = row_of(block, static_cast<std::uint32_t>(row));
+        struct pixel_block part = row_of(block, row);
         copy_part_inside(area, offset + row * area->row_pitch, part.pixels, part.width);
     }
 }
@@ -113,6 +109,6 @@ void row_copy(const struct paint_area *area, std::int64_t offset, const struct p
         return;
     if (fits(area, offset, block))
         copy_rows(area->memory + offset, area->row_pitch, *block);
-    else if (offset > -OUT_OF_REACH && offset < OUT_OF_REACH)
+    else
         copy_rows_inside(area, offset, block);
 }

@@ -42,9 +42,9 @@ inline std::uint32_t block_size(const struct pixel_block *block)
 }
 
 // One row of a block, as far as the block owns it. The row is below rows_owned.
-inline struct pixel_block row_of(const struct pixel_block *block, std::uint32_t row)
+inline struct pixel_block row_of(const struct pixel_block *block, std::int64_t row)
 {
-    std::uint32_t at = row * block->pitch;
+    std::uint32_t at = static_cast<std::uint32_t>(row) * block->pitch;
     std::uint32_t left = block_size(block) - at;
     std::uint32_t width = block->width < left ? block->width : left;
     return {block->pixels + at, 1, width, width};
@@ -52,6 +52,14 @@ inline struct pixel_block row_of(const struct pixel_block *block, std::uint32_t 
 
 // How many rows of a block have any byte to give, whatever its height claims.
 std::uint32_t rows_owned(const struct pixel_block *block);
+
+struct row_range {
+    std::int64_t first;
+    std::int64_t end;
+};
+
+// The rows of a block, placed at an offset in bytes, that touch the area at all. No others need a look.
+struct row_range rows_touching(const struct paint_area *area, std::int64_t offset, const struct pixel_block *block);
 
 // Copies a block with its first byte at an offset from the start of the area, in bytes.
 void row_copy(const struct paint_area *area, std::int64_t offset, const struct pixel_block *block);

@@ -1,4 +1,4 @@
-// The state of the one menu of this process, and the two tests that everything makes on an item.
+// The state of the one menu of this process, and the tests that everything makes on it.
 //
 // Every variable is set before any code runs, so that a host may call before its main.
 #pragma once
@@ -47,13 +47,6 @@ inline bool is_disabled(const struct osdmenu_item *item)
 inline bool is_level(int level)
 {
     return level >= 0 && level < MENU_LEVELS;
-}
-
-// The deepest level is 3. An item there, or one whose enable mark reads as a fourth coordinate, asks for level 4.
-inline int level_below(const struct osdmenu_item *item)
-{
-    int level = get_viewlevel_from_menuitem(const_cast<struct osdmenu_item *>(item)) + 1;
-    return level < MENU_LEVELS ? level : MENU_LEVELS - 1;
 }
 
 inline bool menu_was_loaded(void)

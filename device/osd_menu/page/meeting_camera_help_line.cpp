@@ -22,6 +22,38 @@ enum group : unsigned char {
     MENU0,
 };
 
+// A column in units of the text height F, of T, which is three quarters of it, and of a sixth of it.
+struct column {
+    signed char f;
+    signed char t;
+    signed char sixth;
+};
+
+enum { NO_SYMBOL = -1 };
+
+struct group_parts {
+    signed char first_symbol; // or NO_SYMBOL, for a text alone
+    signed char second_symbol;
+    char text[8]; // name of the help line
+    struct column first_column;
+    struct column second_column;
+    struct column text_column;
+    bool wide; // the text one tall pitch behind that column
+};
+
+static const struct group_parts groups[] = {
+    /* NOTHING */ {NO_SYMBOL, NO_SYMBOL, "", {}, {}, {}, false},
+    /* SELECT */ {SYMBOL_UP, SYMBOL_DOWN, "select", {1, 0, 0}, {1, 1, 0}, {2, 1, 0}, false},
+    /* CHANGE */ {SYMBOL_LEFT, SYMBOL_RIGHT, "change", {1, 0, 0}, {1, 1, 0}, {2, 1, 0}, false},
+    /* CLOSE_SELECT */ {SYMBOL_UP, SYMBOL_DOWN, "select", {1, 0, 0}, {1, 1, -1}, {2, 1, -1}, false},
+    /* FAR_CHANGE */ {SYMBOL_LEFT, SYMBOL_RIGHT, "change", {9, 0, 0}, {9, 1, 0}, {10, 1, 0}, false},
+    /* WIDE_SELECT */ {SYMBOL_UP, SYMBOL_DOWN, "select", {1, 0, 0}, {1, 1, 0}, {1, 1, 0}, true},
+    /* ENTER */ {NO_SYMBOL, NO_SYMBOL, "enter", {}, {}, {0, 1, 0}, false},
+    /* MENU */ {NO_SYMBOL, NO_SYMBOL, "menu", {}, {}, {0, 1, 0}, false},
+    /* FAR_MENU */ {NO_SYMBOL, NO_SYMBOL, "menu", {}, {}, {9, 0, 0}, false},
+    /* MENU0 */ {NO_SYMBOL, NO_SYMBOL, "menu0", {}, {}, {0, 1, 0}, false},
+};
+
 enum { MOST_LINES = 5, GROUPS_A_LINE = 2 };
 
 struct layout {
@@ -74,49 +106,22 @@ static int tall_next(int from)
     return truncated(static_cast<double>(from) + static_cast<double>(fontSize()) * TALL_PITCH);
 }
 
-// Two symbols and a help line.
-static void paint_triple(int y, const int (&x)[3], int first_symbol, int second_symbol, const char *name)
-{
-    osdmenu_mark_current_menuitem(x[0], y, first_symbol);
-    osdmenu_mark_current_menuitem(x[1], y, second_symbol);
-    osdmenu_draw_helpline_byname(x[2], y, name);
-}
-
-static void paint_group(enum group group, int y)
+static int pixels_at(const struct column *column)
 {
     const int f = fontSize();
     const int t = wrapping_mul(f, 3) / 4;
-    const int far = wrapping_mul(9, f);
-    const int second = wrapping_add(f, t);
-    const int third = wrapping_add(wrapping_mul(2, f), t);
-    switch (group) {
-    case SELECT:
-        return paint_triple(y, {f, second, third}, SYMBOL_UP, SYMBOL_DOWN, "select");
-    case CHANGE:
-        return paint_triple(y, {f, second, third}, SYMBOL_LEFT, SYMBOL_RIGHT, "change");
-    case CLOSE_SELECT:
-        return paint_triple(y, {f, wrapping_sub(second, f / 6), wrapping_sub(third, f / 6)}, SYMBOL_UP, SYMBOL_DOWN,
-                            "select");
-    case FAR_CHANGE:
-        return paint_triple(y, {far, wrapping_add(far, t), wrapping_add(wrapping_mul(10, f), t)}, SYMBOL_LEFT,
-                            SYMBOL_RIGHT, "change");
-    case WIDE_SELECT:
-        return paint_triple(y, {f, second, tall_next(second)}, SYMBOL_UP, SYMBOL_DOWN, "select");
-    case ENTER:
-        osdmenu_draw_helpline_byname(t, y, "enter");
-        return;
-    case MENU:
-        osdmenu_draw_helpline_byname(t, y, "menu");
-        return;
-    case FAR_MENU:
-        osdmenu_draw_helpline_byname(far, y, "menu");
-        return;
-    case MENU0:
-        osdmenu_draw_helpline_byname(t, y, "menu0");
-        return;
-    case NOTHING:
-        return;
+    return wrapping_add(wrapping_add(wrapping_mul(column->f, f), wrapping_mul(column->t, t)),
+                        wrapping_mul(column->sixth, f / 6));
+}
+
+static void paint_group(const struct group_parts *parts, int y)
+{
+    if (parts->first_symbol != NO_SYMBOL) {
+        osdmenu_mark_current_menuitem(pixels_at(&parts->first_column), y, parts->first_symbol);
+        osdmenu_mark_current_menuitem(pixels_at(&parts->second_column), y, parts->second_symbol);
     }
+    const int x = pixels_at(&parts->text_column);
+    osdmenu_draw_helpline_byname(parts->wide ? tall_next(x) : x, y, parts->text);
 }
 
 static void paint_layout(const struct layout *layout)
@@ -125,8 +130,9 @@ static void paint_layout(const struct layout *layout)
                 ? tall_top(layout->lines_from_bottom)
                 : wrapping_sub(osdmenu_viewarea_height, wrapping_mul(layout->lines_from_bottom, fontSize()));
     for (const enum group(&line)[GROUPS_A_LINE] : layout->lines) {
-        for (enum group group : line)
-            paint_group(group, y);
+        for (enum group part : line)
+            if (part != NOTHING)
+                paint_group(&groups[part], y);
         y = layout->tall_pitch ? tall_next(y) : wrapping_add(y, fontSize());
     }
 }

@@ -126,17 +126,26 @@ static int paint_rows(const struct list_head *page)
     return pass.enabledcount;
 }
 
+// Recovery: a page without a current row gives way to the page above it. False where there is nothing to recover from,
+// or no page above.
+static bool fall_back(void)
+{
+    if (osdmenu_current_menuitem)
+        return false;
+    LIB_TRACE_AS(FUNCTION, LOG_WORKAROUND, "osdmenu_current_menuitem == NULL,do menuback\n");
+    if (osdmenu_current_viewlevel == 0)
+        return false;
+    osdmenu_action_menuback();
+    osdmenu_viewbuffer_fill_background();
+    return true;
+}
+
+// The passes are counted, since an action that is asked in one may step back in.
 int _osdmenu_draw_allitems(void)
 {
     int enabled_rows = paint_rows(page_on_show());
-    if (!osdmenu_current_menuitem) {
-        LIB_TRACE_AS(FUNCTION, LOG_WORKAROUND, "osdmenu_current_menuitem == NULL,do menuback\n");
-        if (osdmenu_current_viewlevel != 0) {
-            osdmenu_action_menuback();
-            osdmenu_viewbuffer_fill_background();
-            return _osdmenu_draw_allitems();
-        }
-    }
+    for (int passes = 0; passes < MENU_LEVELS && fall_back(); passes++)
+        enabled_rows = paint_rows(page_on_show());
     last_looped_itemnumber = enabled_rows;
     if (g_meetingCameraHelpLineStatus)
         osdmenu_draw_meeting_camera_helpline();

@@ -16,7 +16,8 @@ bool reader_open(struct reader *in, const char *dir, const char *file_name, std:
         errno = ENOENT;
         return false;
     }
-    if (std::snprintf(path, sizeof path, "%s%s", dir, file_name) >= static_cast<int>(sizeof path)) {
+    int length = std::snprintf(path, sizeof path, "%s%s", dir, file_name);
+    if (length < 0 || length >= static_cast<int>(sizeof path)) {
         errno = ENAMETOOLONG;
         return false;
     }

@@ -101,19 +101,15 @@ static enum field_result read_entry(struct bank_file *file, struct osdmenu_view_
     return FIELD_READ;
 }
 
-static int read_glyphs(struct bank_file *file)
+// Fills a table from its front, until it is full or the file ends.
+static enum field_result read_entries(struct bank_file *file, struct osdmenu_view_bitmap **table, int count,
+                                      ssize_t *last_pixel_bytes)
 {
-    ssize_t pixel_bytes = 0;
-    for (int i = 0; i < GLYPH_COUNT; i++) {
-        enum field_result result = read_entry(file, &osdmenu_commonchar_viewbitmap[i], &pixel_bytes);
-        if (result == FIELD_FAILED)
-            return -1;
-        if (result == FIELD_AT_END) {
-            DBG_ERR_AS(file->loader, "read menuitems_commonchar_bitmap_file end!\n");
-            return 0;
-        }
-    }
-    return static_cast<int>(pixel_bytes);
+    enum field_result result = FIELD_READ;
+    for (int i = 0; i < count && result == FIELD_READ; i++)
+        result = read_entry(file, &table[i], last_pixel_bytes);
+    reader_close(&file->in);
+    return result;
 }
 
 int read2mem_menuitem_commonchar(const char *dir)
@@ -127,9 +123,14 @@ int read2mem_menuitem_commonchar(const char *dir)
     if (!open_reported(file.loader, &file.in, dir, "c.d", LOOKAHEAD_TEXTS, &file.not_open))
         return -1;
     DBG_INFO("open file:%s ok! %d\n", "c.d", GLYPH_COUNT + 1);
-    int result = read_glyphs(&file);
-    reader_close(&file.in);
-    return result;
+    ssize_t pixel_bytes = 0;
+    enum field_result result = read_entries(&file, osdmenu_commonchar_viewbitmap, GLYPH_COUNT, &pixel_bytes);
+    if (result == FIELD_FAILED)
+        return -1;
+    if (result == FIELD_READ)
+        return static_cast<int>(pixel_bytes);
+    DBG_ERR("read menuitems_commonchar_bitmap_file end!\n");
+    return 0;
 }
 
 void free_read2mem_menuitem_commonchar(void)
@@ -141,22 +142,6 @@ void free_read2mem_menuitem_commonchar(void)
 }
 
 // The table takes one symbol more than a file may hold.
-static int read_symbols(struct bank_file *file)
-{
-    ssize_t pixel_bytes = 0;
-    for (int i = 0; i < SYMBOL_COUNT; i++) {
-        enum field_result result = read_entry(file, &osdmenu_utf16symbol_viewbitmap[i], &pixel_bytes);
-        if (result == FIELD_FAILED)
-            return -1;
-        if (result == FIELD_AT_END) {
-            DBG_INFO_AS(file->loader, "read menuitems_utf16symbol_bitmap_file end!\n");
-            return 0;
-        }
-    }
-    DBG_ERR_AS(file->loader, "too many utf16 symbols!\n");
-    return -1;
-}
-
 int read2mem_menuitem_utf16symbol(const char *dir)
 {
     struct bank_file file = {
@@ -168,7 +153,12 @@ int read2mem_menuitem_utf16symbol(const char *dir)
     if (!open_reported(file.loader, &file.in, dir, "s.d", LOOKAHEAD_TEXTS, &file.not_open))
         return -1;
     DBG_INFO("open file:%s ok!\n", "s.d");
-    int result = read_symbols(&file);
-    reader_close(&file.in);
-    return result;
+    ssize_t pixel_bytes = 0;
+    enum field_result result = read_entries(&file, osdmenu_utf16symbol_viewbitmap, SYMBOL_COUNT, &pixel_bytes);
+    if (result == FIELD_READ)
+        DBG_ERR("too many utf16 symbols!\n");
+    if (result != FIELD_AT_END)
+        return -1;
+    DBG_INFO("read menuitems_utf16symbol_bitmap_file end!\n");
+    return 0;
 }

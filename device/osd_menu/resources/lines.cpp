@@ -86,8 +86,9 @@ static enum load_course load_line(const struct line_kind *kind, struct reader *m
         return fail_for(kind, &no_record);
     ssize_t got = reader_fill(meta, line, kind->record_size);
     if (got <= 0) {
+        enum load_course course = got < 0 ? fail_for(kind, &meta_unreadable) : STOP;
         std::free(line);
-        return got < 0 ? fail_for(kind, &meta_unreadable) : STOP;
+        return course;
     }
     forget_file_pointers(line);
     DBG_INFO_AS(kind->loader, "got a osdmenu_item\n");

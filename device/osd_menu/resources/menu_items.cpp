@@ -90,11 +90,11 @@ static enum load_course load_choices(struct item_files *files, struct osdmenu_it
             return stop_for(&no_choice);
         ssize_t got = reader_fill(&files->meta, choice, sizeof *choice);
         if (got <= 0) {
+            enum load_course course = got < 0 ? stop_for(&choice_unreadable) : GO_ON;
+            if (course == GO_ON)
+                DBG_ERR_AS(LOADER, "read meta_file end!\n");
             std::free(choice);
-            if (got < 0)
-                return stop_for(&choice_unreadable);
-            DBG_ERR_AS(LOADER, "read meta_file end!\n");
-            return GO_ON;
+            return course;
         }
         choice->u.txt.description = nullptr;
         choice->u.txt.viewbitmap.bitmap = nullptr;
@@ -121,10 +121,11 @@ static enum load_course load_item(struct item_files *files)
         return stop_for(&no_record);
     ssize_t got = reader_fill(&files->meta, item, sizeof *item);
     if (got <= 0) {
-        std::free(item);
         if (got < 0)
-            return stop_for(&meta_unreadable);
-        DBG_INFO_AS(LOADER, "read meta_file end!\n");
+            report_failure(LOADER, &meta_unreadable);
+        else
+            DBG_INFO_AS(LOADER, "read meta_file end!\n");
+        std::free(item);
         return STOP;
     }
     int choice_count = forget_file_pointers(item);

@@ -1,5 +1,5 @@
 // Painters of text into a place that the caller chooses, and the measure of a text.
-#include <cstring>
+#include <algorithm>
 
 #include "core/debug.h"
 #include "text/glyphs.h"
@@ -18,7 +18,7 @@ void get_osdmenu_common_bitmap(const char *msg, int msg_max, int *x_pos_cur, cha
         return;
     const struct paint_area area = view_area();
     for (int j = 0; j < msg_max; j++) {
-        const struct osdmenu_view_bitmap *glyph = glyph_or_space(__func__, msg[j]);
+        const struct osdmenu_view_bitmap *glyph = glyph_or_space(__func__, msg[j], "");
         if (!glyph)
             continue;
         *x_pos_cur = wrapping_add(*x_pos_cur, pixels_of(glyph->width));
@@ -106,19 +106,9 @@ static int buffer_size(const struct caller_buffer *buffer)
     return wrapping_mul(wrapping_mul(buffer->width, buffer->height), buffer->pixelsize);
 }
 
-// As glyph_or_space, with words of this painter's own.
-static const struct osdmenu_view_bitmap *glyph_for_buffer(const char *function, char character)
+static int buffer_offset(const struct caller_buffer *buffer, int x, int y)
 {
-    int index = glyph_index(character);
-    if (index == GLYPH_NONE) {
-        LIB_TRACE_AS(function, LOG_WORKAROUND, "char[0x%x] not among the commonchar_string, replaced by space\n",
-                     static_cast<unsigned char>(character));
-        index = GLYPH_SPACE;
-    }
-    const struct osdmenu_view_bitmap *glyph = glyph_at(index);
-    if (!glyph)
-        LIB_TRACE_AS(function, LOG_WORKAROUND, "viewbitmap for char '%c' is NULL\n", character);
-    return glyph;
+    return wrapping_mul(wrapping_add(wrapping_mul(y, buffer->width), x), buffer->pixelsize);
 }
 
 // Moves the pen behind the glyph, on the next line where this one has no room. A line is as far down as the glyph at
@@ -139,24 +129,35 @@ static bool advance(const char *function, struct caller_buffer *buffer, const st
     return false;
 }
 
-// The pen is behind the glyph by now: its left column is the pen less its own width. Rows that would pass the end of
-// the buffer are left out one by one.
+// Copies one row of a glyph, or reports that it would pass the end of the buffer.
+static void paint_row(const char *function, const struct paint_area *area, int offset, int width,
+                      const struct pixel_block *row)
+{
+    const int size = static_cast<int>(area->size);
+    if (wrapping_add(offset, width) > size)
+        LIB_TRACE_AS(function, LOG_WORKAROUND, "copy out of bounds: dst=%d, size=%d, max=%d\n", offset, width, size);
+    else
+        row_copy(area, offset, row);
+}
+
+// The pen is behind the glyph by now: its left column is the pen less its own width. Rows past the end of the buffer
+// are reported one by one, though not without end where a file gives a glyph a height without end.
 static void paint_behind_pen(const char *function, const struct caller_buffer *buffer,
                              const struct osdmenu_view_bitmap *glyph)
 {
+    const std::int64_t most_reports = 65536;
     const int size = buffer_size(buffer);
-    const struct paint_area area = {buffer->memory, size > 0 ? static_cast<std::size_t>(size) : 0, 1};
+    const struct paint_area area = {buffer->memory, size > 0 ? static_cast<std::size_t>(size) : 0,
+                                    wrapping_mul(buffer->width, buffer->pixelsize)};
     const struct pixel_block block = strided_block(glyph);
-    const int column = wrapping_sub(buffer->x, static_cast<int>(glyph->width) / buffer->pixelsize);
-    for (std::uint32_t i = 0; i < rows_owned(&block); i++) {
-        const int row = wrapping_add(buffer->y, static_cast<int>(i));
-        const int offset = wrapping_mul(wrapping_add(wrapping_mul(row, buffer->width), column), buffer->pixelsize);
-        const struct pixel_block part = row_of(&block, i);
-        if (wrapping_add(offset, static_cast<int>(glyph->width)) > size)
-            LIB_TRACE_AS(function, LOG_WORKAROUND, "copy out of bounds: dst=%d, size=%d, max=%d\n", offset,
-                         static_cast<int>(glyph->width), size);
-        else
-            row_copy(&area, offset, &part);
+    const int width = static_cast<int>(glyph->width);
+    const int column = wrapping_sub(buffer->x, width / buffer->pixelsize);
+    const struct row_range rows = rows_touching(&area, buffer_offset(buffer, column, buffer->y), &block);
+    const std::int64_t end = std::min<std::int64_t>(rows_owned(&block), rows.end + most_reports);
+    for (std::int64_t i = rows.first; i < end; i++) {
+        const struct pixel_block row = row_of(&block, i);
+        const int y = wrapping_add(buffer->y, static_cast<int>(i));
+        paint_row(function, &area, buffer_offset(buffer, column, y), width, &row);
     }
 }
 
@@ -169,9 +170,11 @@ int get_osdmenu_common_bitmap_ex(const char *msg, int msg_max, int *x_pos_cur, i
     struct caller_buffer buffer = {dst_buffer, buffer_width, buffer_height, pixelsize, *x_pos_cur, *y_pos_cur};
     DBG_ERR("msg:%s max:%d\n", msg, msg_max);
     for (int j = 0; j < msg_max; j++) {
-        const struct osdmenu_view_bitmap *glyph = glyph_for_buffer(__func__, msg[j]);
-        if (!glyph)
+        const struct osdmenu_view_bitmap *glyph = glyph_or_space(__func__, msg[j], " ");
+        if (!glyph) {
+            LIB_TRACE(LOG_WORKAROUND, "viewbitmap for char '%c' is NULL\n", msg[j]);
             continue;
+        }
         if (!advance(__func__, &buffer, glyph))
             break;
         paint_behind_pen(__func__, &buffer, glyph);
@@ -208,7 +211,7 @@ int get_string_bitmap_length(const char *msg)
 static struct paint_area area_from(char *dst_buf)
 {
     const std::int64_t offset = offset_of_view_address(dst_buf);
-    if (osdmenu_viewbuffer && offset >= 0 && offset < osdmenu_viewbuffer_size)
+    if (osdmenu_viewbuffer && offset >= 0 && offset <= osdmenu_viewbuffer_size)
         return {dst_buf, static_cast<std::size_t>(osdmenu_viewbuffer_size - offset), 0};
     return {dst_buf, INT64_MAX / 4, 0};
 }

@@ -12,4 +12,5 @@ inline void paint_glyph(const struct paint_area *area, std::int64_t offset, cons
 }
 
 // The glyph of a character, or with a message the one of the space. Null where the bank lacks it: it is then skipped.
-const struct osdmenu_view_bitmap *glyph_or_space(const char *function, char character);
+// One painter writes a blank behind the comma of that message.
+const struct osdmenu_view_bitmap *glyph_or_space(const char *function, char character, const char *blank);

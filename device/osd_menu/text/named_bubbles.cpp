@@ -12,10 +12,11 @@ enum {
     BLOCK_ALIGNMENT = 16,      // of a block's rows, and of its row pitch in bytes
 };
 
-typedef void direct_channel(const char *file, const char *function, int line, const char *format, ...);
+typedef void direct_channel(const char *file, const char *function, int line, const char *format, ...)
+    __attribute__((format(printf, 4, 5)));
 
 // Copies the picture of a bubble line to a byte offset of the view, at the pitch of the area. It is traced first: the
-// record, and where each of its rows goes, in bytes.
+// record, and where each of its rows that reach the view goes, in bytes.
 static void place_bubble(const char *function, direct_channel *trace, const struct osdbubbleline *bubble,
                          const struct paint_area *area, std::int64_t offset)
 {
@@ -24,9 +25,10 @@ static void place_bubble(const char *function, direct_channel *trace, const stru
     trace(__FILE_NAME__, function, __LINE__, "bubble:%s height:%u width:%u pitch:%" PRId64 " bitmap:%p\n",
           shown(bubble->viewdescription), picture->height, picture->width, area->row_pitch,
           static_cast<void *>(picture->bitmap));
-    for (std::uint32_t row = 0; row < rows_owned(&block); row++)
-        trace(__FILE_NAME__, function, __LINE__, "dst:%" PRId64 " src:%u size:%u\n", offset + row * area->row_pitch,
-              row * block.pitch, block.width);
+    const struct row_range rows = rows_touching(area, offset, &block);
+    for (std::int64_t row = rows.first; row < rows.end; row++)
+        trace(__FILE_NAME__, function, __LINE__, "dst:%" PRId64 " src:%" PRId64 " size:%u\n",
+              offset + row * area->row_pitch, row * block.pitch, block.width);
     row_copy(area, offset, &block);
 }
 

@@ -22,11 +22,11 @@ static void report_glyph(const struct bubble_variant *variant, const struct osdm
         *variant->glyph_height = static_cast<int>(glyph->height);
 }
 
-// Sets the characters of a message from a write position on. Newlines are left to the caller.
+// Sets one character at a write position, and returns the next one.
 static std::int64_t paint_character(const struct bubble_variant *variant, const struct paint_area *area,
                                     std::int64_t offset, char character)
 {
-    const struct osdmenu_view_bitmap *glyph = glyph_or_space(variant->function, character);
+    const struct osdmenu_view_bitmap *glyph = glyph_or_space(variant->function, character, "");
     if (!glyph)
         return offset;
     report_glyph(variant, glyph);
@@ -34,14 +34,17 @@ static std::int64_t paint_character(const struct bubble_variant *variant, const 
     return offset + glyph->width;
 }
 
+static int step_of(const struct bubble_variant *variant)
+{
+    return wrapping_add(fontSize(), variant->line_pad);
+}
+
 // The guard at the bottom knows the text height alone, without the pad, and refuses a line that would just fit.
 static void paint_lines(const struct bubble_variant *variant, const char *msg, int start_x, int start_y)
 {
-    const int line_step = wrapping_add(fontSize(), variant->line_pad);
+    const int line_step = step_of(variant);
     const struct paint_area area = view_area();
     std::int64_t offset = view_offset(start_x, start_y);
-    if (variant->max_view_height)
-        *variant->max_view_height = wrapping_add(start_y, line_step);
     for (; *msg != '\0'; msg++) {
         if (*msg != '\n') {
             offset = paint_character(variant, &area, offset, *msg);
@@ -61,6 +64,8 @@ static char *paint_bubble(const struct bubble_variant *variant, const char *msg,
     LIB_TRACE_AS(variant->function, LOG_STEP, "%s\n", shown(msg));
     clear_whole_view();
     char *result = view_address(view_offset(start_x, start_y));
+    if (variant->max_view_height)
+        *variant->max_view_height = wrapping_add(start_y, step_of(variant));
     LIB_TRACE_AS(variant->function, LOG_STEP, " %d %p\n\n", osdmenu_viewarea_width, static_cast<void *>(result));
     paint_lines(variant, msg ? msg : "", start_x, start_y);
     return result;
@@ -89,6 +94,7 @@ char *get_osdmenu_bubble_linepad(const char *msg, int start_x, int start_y, int 
     return paint_bubble(&variant, msg, start_x, start_y);
 }
 
+// No bubble line is looked for. One clearing of the view, that of the body, is enough.
 char *osdmenu_get_bubble_multiline(const char *name, int start_x, int start_y, int line_pad, int *max_view_height)
 {
     return get_osdmenu_bubble_linepad(name, start_x, start_y, line_pad, max_view_height);

@@ -1,0 +1,15 @@
+// Built with sanitizers only: what the font libraries keep for the life of the process is no leak of ours.
+
+extern "C" const char *__lsan_default_options();
+extern "C" const char *__lsan_default_suppressions();
+
+// Standard error belongs to the tool's findings.
+extern "C" const char *__lsan_default_options()
+{
+    return "print_suppressions=0";
+}
+
+extern "C" const char *__lsan_default_suppressions()
+{
+    return "leak:libfontconfig.so\nleak:libpango\n";
+}

@@ -1,0 +1,18 @@
+// The library prints on standard output and standard error, at every paint. While a Streams object lives, both lead
+// to a trace file or nowhere, and what the tool itself has to say goes through `out` and `err`.
+#pragma once
+
+#include <cstdio>
+#include <string>
+
+class Streams
+{
+  public:
+    explicit Streams(const std::string &trace_path = {});
+    ~Streams();
+    Streams(const Streams &) = delete;
+    Streams &operator=(const Streams &) = delete;
+
+    std::FILE *out;
+    std::FILE *err;
+};

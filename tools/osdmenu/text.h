@@ -1,0 +1,35 @@
+// Small helpers for UTF-8 text and for files read whole.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+// What stops a subcommand beside the findings: a file that can't be written, a wrong directory. Shown as it is.
+struct Failure : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+inline constexpr size_t MAX_TEXT = 127; // bytes of a name or a description in the resource files
+
+bool is_utf8_continuation(char byte);
+
+// Valid UTF-8 without control characters.
+bool is_plain_utf8(const std::string &text);
+
+// Control bytes as \xNN: a hostile name must not reach the terminal as an escape sequence.
+std::string printable(const std::string &text);
+
+// The longest beginning that fits `limit` bytes and ends where a character ends.
+std::string cut_utf8(const std::string &text, size_t limit);
+
+// The first character that the device has no glyph for.
+std::optional<std::string> character_without_glyph(const std::string &text);
+
+std::string in_quotes(const std::string &text);
+std::string joined(const std::vector<std::string> &texts, const std::string &between);
+
+// Nothing when it can't be read.
+std::optional<std::string> read_file(const std::string &path);
