@@ -53,7 +53,7 @@ static void add_shot(CLI::App &app, ShotOptions &options, std::function<int()> &
     command->callback([&] { run = [&] { return run_shot(options); }; });
 }
 
-int main(int argc, char **argv)
+static int run_tool(int argc, char **argv)
 {
     CLI::App app{"Makes and shows the on-screen menus of a camera"};
     app.require_subcommand(1);
@@ -72,6 +72,16 @@ int main(int argc, char **argv)
         return run();
     } catch (const std::exception &e) {
         std::fprintf(stderr, "osdmenu: %s\n", printable(e.what()).c_str());
+        return STATUS_FINDINGS;
+    }
+}
+
+int main(int argc, char **argv)
+{
+    try {
+        return run_tool(argc, argv);
+    } catch (...) {
+        std::fputs("osdmenu: out of memory\n", stderr);
         return STATUS_FINDINGS;
     }
 }
