@@ -1,56 +1,38 @@
-// The program's definitions win over those of libc, and of a sanitizer, which they call.
+// The program's definitions win over those of libc and of a sanitizer.
 #include "support/faults.h"
 
 #include <cerrno>
-#include <cstddef>
-#include <dlfcn.h>
 #include <fcntl.h>
-#include <sys/types.h>
+#include <sys/syscall.h>
+#include <unistd.h>
 
-static Fault kind = {};
-static int calls_left = 0; // until the one that fails; 0 lets all through, below 0 one has failed
+Fault failing = {};
+int calls_to_failure = 0;
 
-void fail_call(Fault fault, int nth)
-{
-    kind = fault;
-    calls_left = nth;
-}
-bool call_failed()
-{
-    const bool failed = calls_left < 0;
-    calls_left = 0;
-    return failed;
-}
 static bool fails(Fault fault)
 {
-    if (kind != fault || calls_left <= 0 || --calls_left > 0)
-        return false;
-    calls_left = -1;
-    errno = fault == Fault::Calloc ? ENOMEM : EIO;
-    return true;
+    errno = fault == Fault::Calloc ? ENOMEM : EIO; // a call that succeeds may leave one, too
+    return fault == failing && --calls_to_failure == 0;
 }
-template <class Function> static Function *next(const char *name)
-{
-    return reinterpret_cast<Function *>(dlsym(RTLD_NEXT, name));
-}
+
 extern "C" void *__libc_calloc(std::size_t, std::size_t);
 extern "C" void *__interceptor_calloc(std::size_t, std::size_t) __attribute__((weak)); // a sanitizer's
 extern "C" void *calloc(std::size_t count, std::size_t size) noexcept
 {
-    if (fails(Fault::Calloc))
-        return nullptr;
-    return __interceptor_calloc ? __interceptor_calloc(count, size) : __libc_calloc(count, size);
+    return fails(Fault::Calloc) ? nullptr : (__interceptor_calloc ? __interceptor_calloc : __libc_calloc)(count, size);
 }
+
 extern "C" ssize_t read(int fd, void *to, std::size_t size)
 {
-    return fails(Fault::Read) ? -1 : next<ssize_t(int, void *, std::size_t)>("read")(fd, to, size);
+    return fails(Fault::Read) ? -1 : syscall(SYS_read, fd, to, size);
 }
+
 extern "C" int open(const char *path, int flags, ...) // of files that exist
 {
-    return fails(Fault::Open) ? -1 : next<int(const char *, int, ...)>("open")(path, flags);
+    return fails(Fault::Open) ? -1 : static_cast<int>(syscall(SYS_openat, AT_FDCWD, path, flags));
 }
+
 extern "C" int close(int fd)
 {
-    const int result = next<int(int)>("close")(fd);
-    return fails(Fault::Close) ? -1 : result;
+    return syscall(SYS_close, fd) != 0 || fails(Fault::Close) ? -1 : 0;
 }

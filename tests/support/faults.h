@@ -1,10 +1,20 @@
-// Failures of the system, made to order: the program's calls of calloc, read, open and close pass through here.
+// Failures of the system, made to order, and the lines that tell of them.
 #pragma once
+
+#include <regex>
+
+#include "support/host.h"
 
 enum class Fault { Calloc, Read, Open, Close };
 
-// Makes the nth call from now on fail: memory with ENOMEM, the others with EIO. A failed close closes all the same.
-void fail_call(Fault fault, int nth);
+// The kind of call that fails, and how many more of them it takes: 1 is the next, below 1 none fails any more. Memory
+// fails with ENOMEM, the others with EIO; a failed close closes all the same.
+extern Fault failing;
+extern int calls_to_failure;
 
-// Lets all calls through again. Says whether one has failed.
-bool call_failed();
+// What some work prints, standard output first, without the places in the source: "ERR function: text".
+inline std::string printed(const std::function<void()> &work)
+{
+    const Output output = output_of(work);
+    return std::regex_replace(output.out + output.err, std::regex(R"(DBG_(\w+):\w+\.cpp (\w+)\[\d{4}\])"), "$1 $2:");
+}

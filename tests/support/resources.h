@@ -1,16 +1,17 @@
 // Resource files built by the tests: small records in, the bytes of the eight files out.
 #pragma once
 
+#include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <string>
 #include <vector>
 
 #include "osd_menu.h"
 
 struct Picture {
-    unsigned height = 0;
-    unsigned width = 0; // bytes
-    char fill = 0;      // every byte of it
+    unsigned height = 0, width = 0; // rows, and bytes of each
+    char fill = 0;                  // every byte of it
 };
 
 struct Choice {
@@ -37,35 +38,82 @@ struct Line {
     std::string description = "line";
 };
 
-// The bytes of a record and of what its data file holds for it.
 std::string meta_of(const Item &item);
-std::string data_of(const Item &item);
 std::string meta_of(const Line &line, bool bubble);
-std::string data_of(const Line &line);
-std::string text_of(const std::string &text); // with its terminator
+std::string block_of(const Picture &picture, unsigned stride); // in c.d or s.d; the stride may exceed the width
 
-// One entry of c.d or s.d; the stride may exceed the width.
-std::string block_of(const Picture &picture, unsigned stride);
+inline std::string text_of(const std::string &text, const Picture &picture = {})
+{
+    return text + '\0' + std::string(std::size_t{picture.height} * picture.width, picture.fill);
+}
+
+inline std::string data_of(const Item &item)
+{
+    std::string data = text_of(item.name) + text_of(item.description, item.view);
+    for (const Choice &choice : item.choices)
+        data += text_of(choice.text, choice.picture);
+    return data;
+}
+
+inline std::string data_of(const Line &line)
+{
+    return text_of(line.name) + text_of(line.description, line.picture);
+}
 
 // A whole c.d: glyph i is filled with the byte i + 1.
-std::string glyph_bank(unsigned height, unsigned width);
+inline std::string glyph_bank(unsigned height, unsigned width)
+{
+    std::string bank;
+    for (char fill = 1; fill <= 93; fill++)
+        bank += block_of({height, width, fill}, width);
+    return bank;
+}
 
 // A directory of resources that goes with its owner. Its configuration lies where the library looks for it.
-class ResourceDirectory
-{
-  public:
-    ResourceDirectory();
-    ~ResourceDirectory();
+struct ResourceDirectory {
+    std::string root = std::filesystem::temp_directory_path() / "menu-XXXXXX";
+
+    ResourceDirectory()
+    {
+        std::filesystem::create_directories(mkdtemp(root.data()) + std::string("/en"));
+        std::filesystem::create_directories(root + "/conf_backup");
+    }
     ResourceDirectory(const ResourceDirectory &) = delete;
-    ResourceDirectory &operator=(const ResourceDirectory &) = delete;
+    ~ResourceDirectory()
+    {
+        std::filesystem::remove_all(root);
+    }
 
-    std::string path() const; // with its trailing slash
-    void write(const std::string &file, const std::string &bytes) const;
-    void remove(const std::string &file) const;
-    void write_items(const std::vector<Item> &items) const;
-    void write_lines(const std::vector<Line> &lines, bool bubbles) const;
-    void write_config(const std::string &json) const;
-
-  private:
-    std::filesystem::path root;
+    std::string path() const // with its trailing slash
+    {
+        return root + "/en/";
+    }
+    void write(const std::string &file, const std::string &bytes) const
+    {
+        std::ofstream(path() + file, std::ios::binary) << bytes;
+    }
+    void write_config(const std::string &json) const
+    {
+        write("../conf_backup/osd_menu.json", json);
+    }
+    void remove(const std::string &file) const
+    {
+        std::filesystem::remove(path() + file);
+    }
+    void write_items(const std::vector<Item> &items) const
+    {
+        std::string meta, data;
+        for (const Item &item : items)
+            meta += meta_of(item), data += data_of(item);
+        write("m.d", meta);
+        write("b.d", data);
+    }
+    void write_lines(const std::vector<Line> &lines, bool bubbles) const
+    {
+        std::string meta, data;
+        for (const Line &line : lines)
+            meta += meta_of(line, bubbles), data += data_of(line);
+        write(bubbles ? "bm.d" : "hm.d", meta);
+        write(bubbles ? "bb.d" : "hb.d", data);
+    }
 };
