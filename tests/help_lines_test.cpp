@@ -1,46 +1,39 @@
-// Help lines by name, the classic block of three lines, and the eighteen layouts at the foot of a page. Every part is
-// two rows of two pixels in a byte of its own, so that a scan of the view tells where each of them landed.
+// Help lines by name, the classic block, and the eighteen layouts at the foot of a page. Every part is two rows of two
+// pixels in a byte of its own: u, r, d and l stand for the symbols, s, c, e, m and 0 for "select" to "menu0".
 #include <gtest/gtest.h>
 
+#include "core/layout.h"
 #include "support/host.h"
 
-static const char *const part_names[] = {"up", "right", "down", "left", "select", "change", "enter", "menu", "menu0"};
-
+static const std::string part_names = "urdlscem0";
 static const ResourceDirectory directory;
 
-static void prepare_help(int burst, int height)
+static void prepare_help(int height)
 {
-    osdmenu_fontsize_init(burst);
-    std::free(osdmenu_viewbuffer);
-    prepare_view(directory, 880 * burst, height);
+    osdmenu_fontsize_init(2);
+    prepare_view(directory, 1760, height);
     std::vector<Line> lines;
-    for (int fill = 0xA4; fill <= 0xA8; fill++)
-        lines.push_back({part_names[fill - 0xA0], {2, 4, static_cast<char>(fill)}});
+    for (const char *name : {"select", "change", "enter", "menu", "menu0"})
+        lines.push_back({name, {2, 4, static_cast<char>(0xA4 + lines.size())}});
     directory.write_lines(lines, false);
     output_of([] { read2mem_helpline(directory.path().c_str()); });
 }
 
-// "872 up 96 down 168, 1064 menu 72": the rows in which parts begin, and the columns of those.
-static std::string parts_in_view(int width, int height)
-{
-    std::string parts;
-    for (int y = 1; y < height; y++) {
-        std::string row;
-        for (int x = 1; x < width; x++)
-            if (int fill = byte_at(x, y); fill >= 0xA0 && byte_at(x - 1, y) != fill && byte_at(x, y - 1) != fill)
-                row += std::string(" ") + part_names[fill - 0xA0] + " " + std::to_string(x);
-        if (!row.empty())
-            parts += (parts.empty() ? "" : ", ") + std::to_string(y) + row;
-    }
-    return parts;
-}
-
-static std::string block_for(osdmenu_item *item, int burst = 2)
+// What a painter leaves of an empty view: the rows in which parts begin, and their columns, as in "872 u96 d168".
+static std::string parts_for(osdmenu_item *item, void (*painter)() = osdmenu_draw_meeting_camera_helpline)
 {
     osdmenu_current_menuitem = item;
     osdmenu_viewbuffer_fill_background();
-    output_of(osdmenu_draw_meeting_camera_helpline);
-    return parts_in_view(880 * burst, 580 * burst);
+    output_of(painter);
+    std::string parts;
+    for (int y = 1; y < osdmenu_viewarea_height; y++) {
+        std::string row;
+        for (int x = 1; x < osdmenu_viewarea_width; x++)
+            if (int fill = byte_at(x, y); fill >= 0xA0 && byte_at(x - 1, y) != fill && byte_at(x, y - 1) != fill)
+                row += std::string(" ") + part_names.at(static_cast<std::size_t>(fill - 0xA0)) + std::to_string(x);
+        parts += row.empty() ? "" : ", " + std::to_string(y) + row;
+    }
+    return parts.empty() ? "" : parts.substr(2);
 }
 
 TEST(HelpLine, IsPaintedForEveryRecordOfThatWholeNameWithTheLastOnTop)
@@ -48,87 +41,56 @@ TEST(HelpLine, IsPaintedForEveryRecordOfThatWholeNameWithTheLastOnTop)
     prepare_view(directory, 40, 20);
     directory.write_lines({{"menu", {3, 8, 0x31}}, {"menu0", {4, 8, 0x33}}, {"menu", {1, 4, 0x32}}}, false);
     output_of([] { read2mem_helpline(directory.path().c_str()); });
-    Output output = output_of([] { EXPECT_EQ(osdmenu_draw_helpline_byname(10, 5, "menu"), 0); });
-    EXPECT_EQ(byte_at(10, 5), 0x32);
-    EXPECT_EQ(byte_at(12, 5), 0x31);
-    EXPECT_EQ(byte_at(10, 8), 0);
-    EXPECT_EQ(lines_with(output.out, "DBG_INFO:help_line.cpp osdmenu_draw_helpline_byname["), 3);
-    for (const char *name : {"men", "Menu", static_cast<const char *>(nullptr)})
-        output_of([&] { EXPECT_EQ(osdmenu_draw_helpline_byname(20, 5, name), 0); });
-    EXPECT_EQ(byte_at(20, 5), 0);
+    const Output output = output_of([] {
+        for (const char *name : {"menu", "men", "Menu", static_cast<const char *>(nullptr)})
+            osdmenu_draw_helpline_byname(10, 5, name);
+    });
+    EXPECT_EQ(lines_with(output.out, "DBG_INFO:help_line.cpp osdmenu_draw_helpline_byname["), 6);
+    EXPECT_EQ(std::tuple(byte_at(10, 5), byte_at(12, 5), byte_at(10, 8)), std::tuple(0x32, 0x31, 0));
 }
 
 TEST(ClassicBlock, KeepsThePitchOfTheBaseSizeWhateverTheBurst)
 {
-    prepare_help(2, 1300);
-    output_of([] { EXPECT_EQ(osdmenu_draw_helpline(), 0); });
-    EXPECT_EQ(parts_in_view(1760, 1300),
-              "1100 up 100 down 148 select 196, 1178 left 100 right 148 change 196, 1256 enter 100");
-    prepare_help(1, 700);
-    output_of(osdmenu_draw_helpline);
-    EXPECT_EQ(parts_in_view(880, 700), "550 up 50 down 98 select 146, 613 left 50 right 98 change 146, 676 enter 50");
+    prepare_help(1300);
+    EXPECT_EQ(parts_for(nullptr, [] { osdmenu_draw_helpline(); }),
+              "1100 u100 d148 s196, 1178 l100 r148 c196, 1256 e100");
 }
 
-static const char *const layouts[] = {
-    "872 up 96 down 168 select 264, 968 left 96 right 168 change 264, 1064 menu 72",
-    "968 up 96 down 168 select 264, 1064 menu 72",
-    "872 left 96 right 168 change 264, 968 enter 72, 1064 menu 72",
-    "872 up 96 down 168 select 264, 968 enter 72, 1064 menu 72",
-    "776 up 96 down 168 select 264, 872 left 96 right 168 change 264, 968 enter 72, 1064 menu 72",
-    "968 enter 72, 1064 menu 72",
-    "968 up 96 down 152 select 248 left 864 right 936 change 1032, 1064 menu 72",
-    "968 left 96 right 168 change 264, 1064 menu 72",
-    "968 up 96 down 152 select 248 left 864 right 936 change 1032, 1064 enter 72 menu 864",
-    "968 up 96 down 152 select 248, 1064 enter 72 menu 864",
-    "1064 enter 72 menu 864",
-    "1064 menu 72",
-    "689 up 96 down 168 select 264, 804 enter 72, 919 menu 72, 1034 menu0 72",
-    "574 up 96 down 168 select 283, 689 left 96 right 168 change 264, 804 enter 72, 919 menu 72, 1034 menu0 72",
-    "804 enter 72, 919 menu0 72, 1034 menu 72",
-    "689 up 96 down 168 select 283, 804 left 96 right 168 change 264, 919 menu 72, 1034 menu0 72",
-    "919 menu0 72, 1034 menu 72",
-    "804 left 96 right 168 change 264, 919 menu 72, 1034 menu0 72",
-};
-
-TEST(HelpBlock, HasEighteenLayoutsAndNothingForOtherNumbers)
+TEST(HelpBlock, HasEighteenLayoutsWhichTheItemsEntryChoosesElseTheDefaultElseLayout0)
 {
-    std::vector<Item> items;
-    std::string types;
+    std::vector<Item> items = {{"unnamed", {30}}, {"text", {31}}};
+    std::string config = R"({"helpline_default": 5, "helpline_type": {"UNNAMED": 7, "text": "7")";
     for (int i = -1; i <= 18; i++) {
         items.push_back({std::to_string(i), {i + 1}});
-        (types += (i < 0 ? "\"" : ", \"") + std::to_string(i)) += "\": " + std::to_string(i);
+        config += ", \"" + items.back().name + "\": " + items.back().name;
     }
-    directory.write_config("{\"helpline_type\": {" + types + "}}");
-    prepare_help(2, 1160);
+    prepare_help(1160);
     load_menu(directory, items);
-    for (int i = -1; i <= 18; i++)
-        EXPECT_EQ(block_for(loaded(std::to_string(i))), i >= 0 && i < 18 ? layouts[i] : "") << "layout " << i;
-    EXPECT_EQ(block_for(nullptr), "");
-    osdmenu_fontsize_init2(96, 2); // the top line is above the view, and every sum is rounded on its own
-    EXPECT_EQ(block_for(loaded("13")), "228 left 192 right 336 change 528, 458 enter 144, 688 menu 144, 918 menu0 144");
-    osdmenu_fontsize_init2(48, 1);
-    prepare_help(1, 580);
-    EXPECT_EQ(block_for(loaded("12"), 1), "339 up 48 down 84 select 132, 396 enter 36, 453 menu 36, 510 menu0 36");
-    EXPECT_EQ(block_for(loaded("14"), 1), "397 enter 36, 454 menu0 36, 511 menu 36");
-}
-
-TEST(HelpBlock, FollowsTheItemsEntryThenTheDefaultThenLayout0)
-{
-    prepare_help(2, 1160);
-    const std::vector<Item> items = {{"first", {1}}, {"second", {2}}, {"third", {3}}};
-    load_menu(directory, items);
-    EXPECT_EQ(block_for(loaded("first")), layouts[0]);
+    EXPECT_EQ(parts_for(loaded("5")), "872 u96 d168 s264, 968 l96 r168 c264, 1064 m72");
     output_of(free_all_menuitems);
-    directory.write_config(R"({"helpline_default": 5, "helpline_type": {"first": 1, "SECOND": 7, "third": "7"}})");
+    directory.write_config(config + "}}");
     load_menu(directory, items);
-    EXPECT_EQ(block_for(loaded("first")), layouts[1]);
-    EXPECT_EQ(block_for(loaded("second")), layouts[5]);
-    EXPECT_EQ(block_for(loaded("third")), layouts[5]);
+    std::string blocks;
+    for (int i = -1; i <= 18; i++)
+        blocks += std::to_string(i) + ": " + parts_for(loaded(std::to_string(i))) + "; ";
+    EXPECT_EQ(blocks, "-1: ; 0: 872 u96 d168 s264, 968 l96 r168 c264, 1064 m72; 1: 968 u96 d168 s264, 1064 m72; "
+                      "2: 872 l96 r168 c264, 968 e72, 1064 m72; 3: 872 u96 d168 s264, 968 e72, 1064 m72; "
+                      "4: 776 u96 d168 s264, 872 l96 r168 c264, 968 e72, 1064 m72; 5: 968 e72, 1064 m72; "
+                      "6: 968 u96 d152 s248 l864 r936 c1032, 1064 m72; 7: 968 l96 r168 c264, 1064 m72; "
+                      "8: 968 u96 d152 s248 l864 r936 c1032, 1064 e72 m864; 9: 968 u96 d152 s248, 1064 e72 m864; "
+                      "10: 1064 e72 m864; 11: 1064 m72; 12: 689 u96 d168 s264, 804 e72, 919 m72, 1034 072; "
+                      "13: 574 u96 d168 s283, 689 l96 r168 c264, 804 e72, 919 m72, 1034 072; "
+                      "14: 804 e72, 919 072, 1034 m72; 15: 689 u96 d168 s283, 804 l96 r168 c264, 919 m72, 1034 072; "
+                      "16: 919 072, 1034 m72; 17: 804 l96 r168 c264, 919 m72, 1034 072; 18: ; ");
+    EXPECT_EQ(std::tuple(parts_for(loaded("unnamed")), parts_for(loaded("text")), parts_for(loaded("not there"))),
+              std::tuple("968 e72, 1064 m72", "968 e72, 1064 m72", ""));
+    osdmenu_fontsize_init2(96, 2); // the top line is above the view, and every sum is rounded on its own
+    EXPECT_EQ(parts_for(loaded("13")), "228 l192 r336 c528, 458 e144, 688 m144, 918 0144");
 }
 
 TEST(HelpBlock, LiesOverTheRowsAtTheEndOfAPageWhileItIsSwitchedOn)
 {
-    prepare_help(2, 1160);
+    prepare_help(1160);
     load_menu(directory, {{"tall", {0}, {1100, 200, 0x44}}});
     redraw();
     EXPECT_EQ(byte_at(96, 872), 0x44);
