@@ -5,7 +5,7 @@
 #include "support/host.h"
 
 static int x, y;
-static std::vector<char> buffer(160); // 10 by 8 pixels
+static std::vector<char> buffer(160); // 8 by 10 pixels
 
 struct TextInto : testing::Test {
     TextInto()
@@ -25,7 +25,7 @@ static const auto paint = [](const char *msg, int msg_max, int pen, int offset) 
 };
 static const auto paint_ex = [](const char *msg, int pixelsize) {
     const int length = static_cast<int>(std::strlen(msg));
-    return std::tuple{get_osdmenu_common_bitmap_ex(msg, length, &x, &y, buffer.data(), 10, 8, pixelsize), x, y};
+    return std::tuple{get_osdmenu_common_bitmap_ex(msg, length, &x, &y, buffer.data(), 8, 10, pixelsize), x, y};
 };
 static const auto paint_in_margins = [](const char *msg) {
     char *to = nullptr;
@@ -49,14 +49,14 @@ TEST_F(TextInto, ABufferWrapsByTheGlyphsOwnHeightAndLeavesOutTheRowsBeyondItOneB
 {
     EXPECT_EQ(paint_ex("a", 2), std::tuple(0, 4, 0));
     EXPECT_EQ(paint_ex("bcde", 2), std::tuple(0, 4, 8)); // the wrap that found no room moved the pens
-    EXPECT_EQ(std::tuple(buffer[0], buffer[8], buffer[80], buffer[88]), std::tuple(11, 12, 13, 14));
-    EXPECT_EQ(traced("exceed the maximum height of buffer, cur_y:12, max_h:8"), 1);
-    x = 0, y = 6;
-    EXPECT_EQ(paint_ex("a", 2), std::tuple(0, 4, 6));
+    EXPECT_EQ(std::tuple(buffer[0], buffer[8], buffer[64], buffer[72]), std::tuple(11, 12, 13, 14));
+    EXPECT_EQ(traced("exceed the maximum height of buffer, cur_y:12, max_h:10"), 1);
+    x = 0, y = 8;
+    EXPECT_EQ(paint_ex("a", 2), std::tuple(0, 4, 8));
     EXPECT_EQ(traced("copy out of bounds: dst=160, size=8, max=160") * 10 + traced("copy out of bounds"), 12);
     x = y = 0;
     EXPECT_EQ(paint_ex("\xFF", 1), std::tuple(0, 8, 0)); // the bytes of a glyph are copied whatever a pixel is
-    EXPECT_EQ(std::tuple(buffer[7], buffer[10], buffer[140]), std::tuple(89, 89, 11));
+    EXPECT_EQ(std::tuple(buffer[7], buffer[8], buffer[144]), std::tuple(89, 89, 11));
     EXPECT_EQ(traced("char[0xff] not among the commonchar_string, replaced by space\n"), 1);
     for (int far : {INT_MIN, -2, INT_MAX})
         x = y = far, paint_ex("ab", 2);

@@ -84,7 +84,7 @@ TEST(HelpBlock, HasEighteenLayoutsWhichTheItemsEntryChoosesElseTheDefaultElseLay
                       "16: 919 072, 1034 m72; 17: 804 l96 r168 c264, 919 m72, 1034 072; 18: ; ");
     EXPECT_EQ(std::tuple(parts_for(loaded("unnamed")), parts_for(loaded("text")), parts_for(loaded("not there"))),
               std::tuple("968 e72, 1064 m72", "968 e72, 1064 m72", ""));
-    osdmenu_fontsize_init2(96, 2); // the top line is above the view, and every sum is rounded on its own
+    osdmenu_fontsize_init2(94, 2); // every sum is rounded on its own
     EXPECT_EQ(parts_for(loaded("13")), "228 l192 r336 c528, 458 e144, 688 m144, 918 0144");
 }
 

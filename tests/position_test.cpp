@@ -29,7 +29,7 @@ TEST(Position, StepsKeepThePositionsAndTheLimitsOfTheLevel)
 TEST(Position, TheAiModePageOpensOnItsModeAndIsLeftByAnyStepBack)
 {
     load_menu(files, {{"a", {0}}, {"aimodeselection", {1}}, {"b", {2}}});
-    tracking_mode = 0x302;
+    tracking_mode = set_sc_trackingmode_max(0x302);
     EXPECT_EQ(place((set_sc_trackingmode_max(0x101), osdmenu_enter_aimodeselection())), "0 1: 1 255 1 1");
     set_osdmenu_status(4);
     EXPECT_EQ((osdmenu_action_menuback(), get_osdmenu_status() + osdmenu_itemname_enable("aimodeselection")), 0);
