@@ -79,7 +79,6 @@ static char *text()
 
 static int action(osdmenu_item *owner, int operation, int value);
 
-// An argument by its type.
 template <class T> static T argument()
 {
     if (std::is_pointer_v<T> && byte() > 240)
@@ -244,7 +243,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, std::size_t siz
 {
     front = data, back = data + size;
     dbgout_profile.lib_level = dbgout_profile.para_level = static_cast<int>(next() % 16);
-    allocations_left = next();
+    allocations_left = next() % 255;
     take_files();
     if (dbgout_profile.lib_level % 2 == 0) { // what a host does before the first key
         osdmenu_fontsize_init2(12, 1);

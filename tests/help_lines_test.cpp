@@ -85,7 +85,7 @@ TEST(HelpBlock, HasEighteenLayoutsWhichTheItemsEntryChoosesElseTheDefaultElseLay
     EXPECT_EQ(std::tuple(parts_for(loaded("unnamed")), parts_for(loaded("text")), parts_for(loaded("not there"))),
               std::tuple("968 e72, 1064 m72", "968 e72, 1064 m72", ""));
     osdmenu_fontsize_init2(94, 2); // every sum is rounded on its own
-    EXPECT_EQ(parts_for(loaded("13")), "228 l192 r336 c528, 458 e144, 688 m144, 918 0144");
+    EXPECT_EQ(parts_for(loaded("13")), "28 u187 d327 s551, 252 l187 r327 c514, 476 e140, 700 m140, 924 0140");
 }
 
 TEST(HelpBlock, LiesOverTheRowsAtTheEndOfAPageWhileItIsSwitchedOn)

@@ -36,6 +36,8 @@ int reader_close(struct reader *in)
 static std::size_t take_from_ahead(struct reader *in, char *to, std::size_t size)
 {
     std::size_t taken = std::min(size, in->filled - in->at);
+    if (taken == 0) // a block of no bytes may have no address
+        return 0;
     std::memcpy(to, in->ahead + in->at, taken);
     in->at += taken;
     return taken;
