@@ -2,8 +2,6 @@
 //
 // A layout is a list of lines from the top down, a line a list of groups from left to right, and a group a few parts
 // at fixed columns.
-#include <cstddef>
-
 #include "core/config.h"
 #include "core/layout.h"
 #include "core/state.h"
