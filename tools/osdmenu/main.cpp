@@ -6,10 +6,10 @@
 
 #include <CLI/CLI.hpp>
 
-#include "build.h"
-#include "pixels.h"
-#include "shot.h"
-#include "text.h"
+#include "commands/build.h"
+#include "commands/shot.h"
+#include "common/text.h"
+#include "render/pixels.h"
 
 static constexpr int STATUS_FINDINGS = 1, STATUS_USAGE = 2;
 

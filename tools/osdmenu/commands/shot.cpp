@@ -1,0 +1,143 @@
+#include "commands/shot.h"
+
+#include <algorithm>
+#include <sstream>
+
+#include "common/text.h"
+#include "core/layout.h"
+#include "core/state.h"
+#include "host/host.h"
+#include "host/streams.h"
+#include "osd_menu_post.h"
+#include "render/png.h"
+#include "resources/glyph_banks.h"
+
+// Around a bubble's picture; the first counts bytes and must be even.
+static constexpr int BUBBLE_SIDE = 40, BUBBLE_ABOVE = 20, BUBBLE_BELOW = 20;
+
+static std::vector<std::string> words_of(const std::string &text)
+{
+    std::istringstream in(text);
+    std::vector<std::string> words;
+    for (std::string word; in >> word;)
+        words.push_back(word);
+    return words;
+}
+
+static void play(const std::string &key)
+{
+    if (!press(key))
+        throw Failure("no key " + in_quotes(key) + "; known are: up down left right ok back menu");
+    repaint();
+}
+
+// A name that isn't there would be passed over in silence.
+static void change_marks(const ShotOptions &options, const Resources &resources)
+{
+    auto change = [&](const std::vector<std::string> &names, int (*mark)(const char *)) {
+        for (const std::string &name : names) {
+            if (std::none_of(resources.items.begin(), resources.items.end(),
+                             [&](const ReadItem &item) { return item.name == name; }))
+                throw Failure("no item " + in_quotes(name));
+            mark(name.c_str());
+        }
+    };
+    change(options.enabled, osdmenu_enableitem_byname);
+    change(options.disabled, osdmenu_disableitem_byname);
+}
+
+static PixelView whole_view(PixelFormat format)
+{
+    return {osdmenu_viewbuffer, osdmenu_viewarea_width, osdmenu_viewarea_height, osdmenu_viewarea_width, format};
+}
+
+// Keys act on what the last draw found, so there is one before the first key and after each.
+static PixelView page(const ShotOptions &options, PixelFormat format)
+{
+    osdmenu_meeting_camera_helpline_enable(options.help_line);
+    if (!options.open.empty() && !open_item(options.open))
+        throw Failure("no page shows " + in_quotes(options.open));
+    repaint();
+    for (const std::string &key : words_of(options.keys))
+        play(key);
+    return whole_view(format);
+}
+
+// A missing name would be painted as text, which is never what is meant here.
+static PixelView bubble(const ShotOptions &options, PixelFormat format, const Resources &resources)
+{
+    std::vector<std::string> names;
+    for (const ReadLine &line : resources.bubbles)
+        names.push_back(line.name);
+    if (std::find(names.begin(), names.end(), options.bubble) == names.end())
+        throw Failure("no bubble " + in_quotes(options.bubble) + "; known are: " + joined(names, " "));
+    int width = 0, height = 0;
+    const char *block = osdmenu_get_bubbleline_byname_with_wh(options.bubble.c_str(), BUBBLE_SIDE, BUBBLE_ABOVE,
+                                                              BUBBLE_BELOW, &width, &height);
+    if (static_cast<long>(width) * height > static_cast<long>(osdmenu_viewarea_width) * osdmenu_viewarea_height)
+        throw Failure("the bubble " + in_quotes(options.bubble) + " is larger than the view");
+    return {block, width, height, width, format};
+}
+
+// What a text takes on the view: its longest line, and a line's height for each.
+static PixelView text_bubble(const std::string &given, PixelFormat format, const Resources &resources)
+{
+    std::string text = given;
+    for (size_t at = text.find("\\n"); at != text.npos; at = text.find("\\n", at))
+        text.replace(at, 2, 1, '\n');
+    int width = 1, line_width = 0, height = 0;
+    for (char c : text) {
+        int index = glyph_index(c) == GLYPH_NONE ? GLYPH_SPACE : glyph_index(c);
+        line_width = c == '\n' ? 0 : line_width + pixels_of(resources.glyphs[static_cast<size_t>(index)].size.width);
+        width = std::max(width, line_width);
+    }
+    const char *block = get_osdmenu_bubble2(text.c_str(), 0, 0, &height);
+    if (width > osdmenu_viewarea_width)
+        throw Failure("the text is wider than the view; break it with \\n");
+    return {block, width, std::min(height, osdmenu_viewarea_height), osdmenu_viewarea_width, format};
+}
+
+// Nothing may be painted from a directory that the library would load halfway.
+static Resources sound_resources(const std::string &directory, std::FILE *err)
+{
+    Resources resources = read_resources(directory);
+    for (const Fault &fault : resources.faults)
+        std::fprintf(err, "%s: byte %zu: error: %s\n", printable(fault.file).c_str(), fault.offset,
+                     printable(fault.text).c_str());
+    return resources;
+}
+
+// What the command line says goes before what the menu's designer chose.
+static void override_manifest(const ShotOptions &options, Manifest &manifest)
+{
+    Display &display = manifest.display;
+    display.burst = options.burst ? options.burst : display.burst;
+    display.font_size = options.font_size ? options.font_size : display.font_size;
+    display.width = options.width ? options.width : display.width;
+    display.height = options.height ? options.height : display.height;
+    if (!options.pixel_format.empty())
+        display.pixel_format = *parse_pixel_format(options.pixel_format);
+}
+
+int run_shot(const ShotOptions &options)
+{
+    Streams streams(options.trace);
+    std::string directory = options.directory + (options.directory.ends_with('/') ? "" : "/");
+    Resources resources = sound_resources(directory, streams.err);
+    if (!resources.faults.empty())
+        return 1;
+    Findings findings;
+    Manifest manifest = read_manifest(directory + "..", findings);
+    findings.print(streams.err);
+    override_manifest(options, manifest);
+    start_library(directory, manifest, resources);
+    if (!osdmenu_viewbuffer)
+        throw Failure("no memory for the view");
+    change_marks(options, resources);
+    PixelFormat format = manifest.display.pixel_format;
+    PixelView view = !options.bubble.empty() ? bubble(options, format, resources)
+                     : !options.text.empty() ? text_bubble(options.text, format, resources)
+                                             : page(options, format);
+    write_png(options.output, view, parse_colour(options.background));
+    return 0;
+}

@@ -1,0 +1,41 @@
+#include "host/streams.h"
+
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <unistd.h>
+
+#include "common/text.h"
+
+static std::FILE *own_copy(int fd)
+{
+    int copy = fcntl(fd, F_DUPFD_CLOEXEC, 3);
+    std::FILE *stream = copy < 0 ? nullptr : fdopen(copy, "w");
+    if (!stream)
+        throw Failure(std::string("cannot copy a standard stream: ") + std::strerror(errno));
+    return stream;
+}
+
+// The streams lead to one open file, so the lines of both stand in the order in which they were written.
+Streams::Streams(const std::string &trace_path)
+{
+    const char *path = trace_path.empty() ? "/dev/null" : trace_path.c_str();
+    int trace = open(path, O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+    if (trace < 0)
+        throw Failure(std::string(path) + ": " + std::strerror(errno));
+    std::fflush(nullptr);
+    out = own_copy(STDOUT_FILENO);
+    err = own_copy(STDERR_FILENO);
+    dup2(trace, STDOUT_FILENO);
+    dup2(trace, STDERR_FILENO);
+    close(trace);
+}
+
+Streams::~Streams()
+{
+    std::fflush(nullptr);
+    dup2(fileno(out), STDOUT_FILENO);
+    dup2(fileno(err), STDERR_FILENO);
+    std::fclose(out);
+    std::fclose(err);
+}

@@ -1,0 +1,90 @@
+// A menu as its designer wrote it, each part with its place in the file.
+#pragma once
+
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "osd_menu.h"
+#include "render/pixels.h"
+#include "rules/findings.h"
+
+struct Text {
+    std::string words; // in the source language
+    Place place;
+};
+
+struct Font {
+    std::string family;
+    std::string package; // the Debian package that holds it
+    Place place;
+};
+
+struct Language {
+    std::string code;
+    std::vector<Font> fonts; // in place of the menu's own, for a script that needs other faces
+    Place place;
+};
+
+struct Display {
+    int burst = 2;
+    int font_size = 30; // base size of the text, as osdmenu_fontsize_init2 takes it
+    int width = 0;      // of the view; 0 means what burst gives
+    int height = 0;
+    int help_percent = 100; // size of the help lines' text, of that of the rows
+    PixelFormat pixel_format = PixelFormat::argb1555;
+};
+
+struct Colours {
+    Colour background{0x10, 0x18, 0x28, 255};
+    Colour text{0xf0, 0xf4, 0xfa, 255};
+    Colour title{0xff, 0xb4, 0x54, 255};
+    Colour value{0x7f, 0xd1, 0xff, 255};
+    Colour muted{0x9a, 0xa8, 0xbc, 255};
+    Colour help{0x9a, 0xa8, 0xbc, 255};
+    Colour pointer{0xff, 0xb4, 0x54, 255};
+    Colour bubble{0xf0, 0xf4, 0xfa, 255};
+};
+
+struct Item {
+    std::string name;
+    Place place;
+    Text text;
+    bool enabled = true;
+    bool muted = false;     // painted as something to read, not to choose
+    bool free_text = false; // a single choice whose text the host replaces at run time
+    unsigned int value_type = VALUE_NONE;
+    int current = 0; // of a choice its index
+    std::vector<Text> choices;
+    osdmenu_item_value_number number{0, 0, 0, 0};
+    std::vector<Item> items; // its own page
+
+    // The library gives rows with such a name an extra gap below.
+    bool is_title() const
+    {
+        return name.find("title") != std::string::npos;
+    }
+};
+
+struct Line {
+    std::string name;
+    Place place;
+    Text text;
+    int level = 0;  // bubbles only: a word for the host
+    int indent = 0; // blank pixels in front of the text
+};
+
+struct Menu {
+    std::string path;
+    std::string device_directory;
+    std::string accessory;
+    std::string source_language = "en";
+    std::vector<Language> languages;
+    Display display;
+    Colours colours;
+    std::vector<Font> fonts;
+    std::vector<Item> items;
+    std::vector<Line> help_lines;
+    std::vector<Line> bubbles;
+};

@@ -1,0 +1,66 @@
+#include "menu/rows.h"
+
+// At depth 3 the coordinate stands where the enable mark does, so the value that disables is left out.
+static unsigned char coordinate(int depth, int index)
+{
+    bool reads_as_disabled = depth == 3 && index >= ITEM_MARK_DISABLED;
+    return static_cast<unsigned char>(reads_as_disabled ? index + 1 : index);
+}
+
+static Row place_row(const std::vector<Row> &rows, int parent, const Item *item, int index, int enabled_index)
+{
+    Row row{item, parent, 0, index, enabled_index, {LEVEL_ABSENT, LEVEL_ABSENT, LEVEL_ABSENT, LEVEL_ABSENT}};
+    if (parent >= 0) {
+        const Row &above = rows[static_cast<size_t>(parent)];
+        row.depth = above.depth + 1;
+        for (int depth = 0; depth < row.depth; depth++)
+            row.levels[depth] = above.levels[depth];
+    }
+    row.levels[row.depth] = coordinate(row.depth, index);
+    if (row.depth < 3 && !item->enabled)
+        row.levels[3] = ITEM_MARK_DISABLED;
+    return row;
+}
+
+// Hidden rows have coordinates like all others, but no enabled index of their own.
+static void add_page(std::vector<Row> &rows, int parent, const std::vector<Item> &items)
+{
+    int index = 0, enabled_index = 0;
+    for (const Item &item : items) {
+        rows.push_back(place_row(rows, parent, &item, index++, enabled_index));
+        enabled_index += item.enabled ? 1 : 0;
+    }
+}
+
+std::vector<Row> rows_in_file_order(const Menu &menu)
+{
+    std::vector<Row> rows;
+    add_page(rows, -1, menu.items);
+    for (size_t i = 0; i < rows.size(); i++)
+        add_page(rows, static_cast<int>(i), rows[i].item->items);
+    return rows;
+}
+
+std::string page_key(const std::vector<Row> &rows, const Row &row)
+{
+    std::string key;
+    for (int parent = row.parent; parent >= 0; parent = rows[static_cast<size_t>(parent)].parent)
+        key.insert(0, std::string(".").append(std::to_string(rows[static_cast<size_t>(parent)].enabled_index)));
+    return key.empty() ? "." : key;
+}
+
+// Row 1, behind the title, but for two pages; on two more the host decides.
+const Item *opening_item(const Menu &menu, const Item *parent)
+{
+    std::vector<const Item *> enabled;
+    for (const Item &item : parent ? parent->items : menu.items)
+        if (item.enabled)
+            enabled.push_back(&item);
+    std::string name = parent ? parent->name : "";
+    if (name == "smartgallery_preset" || name == "aimodeselection" || enabled.empty())
+        return nullptr;
+    if (name == "information")
+        return enabled.back();
+    size_t index = name == "peripheralinformation" ? 0 : 1;
+    return index < enabled.size() ? enabled[index] : nullptr;
+}

@@ -1,0 +1,18 @@
+// Pixels of the device as a PNG file.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "render/pixels.h"
+
+struct PixelView {
+    const char *first; // pixel
+    int width;
+    int height;
+    int pitch; // pixels from one row to the next
+    PixelFormat format;
+};
+
+// Transparent pixels show the background, or a checkerboard without one.
+void write_png(const std::string &path, const PixelView &view, const std::optional<Colour> &background);

@@ -1,0 +1,89 @@
+#include "store/manifest.h"
+
+#include "common/text.h"
+#include "menu/geometry.h"
+
+static void add_texts(cJSON *object, const char *key, const std::map<std::string, std::string> &texts)
+{
+    cJSON *inner = cJSON_AddObjectToObject(object, key);
+    for (const auto &[name, text] : texts)
+        cJSON_AddStringToObject(inner, name.c_str(), text.c_str());
+}
+
+// The row that each page opens on, by the name of the page's item; the top list has none and stands under "".
+static std::map<std::string, std::string> opening_rows(const Menu &menu, const std::vector<Row> &rows)
+{
+    std::map<std::string, std::string> result;
+    if (const Item *item = opening_item(menu, nullptr))
+        result[""] = item->name;
+    for (const Row &row : rows)
+        if (const Item *item = row.item->items.empty() ? nullptr : opening_item(menu, row.item))
+            result[row.item->name] = item->name;
+    return result;
+}
+
+std::string manifest_text(const Menu &menu, const std::vector<Row> &rows, const Display &display,
+                          const std::map<std::string, std::string> &font_versions)
+{
+    Json root(cJSON_CreateObject());
+    cJSON_AddNumberToObject(root.get(), "burst", display.burst);
+    cJSON_AddNumberToObject(root.get(), "font_size", display.font_size);
+    cJSON_AddNumberToObject(root.get(), "width", display.width);
+    cJSON_AddNumberToObject(root.get(), "height", display.height);
+    cJSON_AddStringToObject(root.get(), "pixel_format", pixel_format_name(display.pixel_format).c_str());
+    cJSON_AddStringToObject(root.get(), "background", colour_text(menu.colours.background).c_str());
+    cJSON_AddStringToObject(root.get(), "device_directory", menu.device_directory.c_str());
+    cJSON *languages = cJSON_AddArrayToObject(root.get(), "languages");
+    for (const Language &language : menu.languages)
+        cJSON_AddItemToArray(languages, cJSON_CreateString(language.code.c_str()));
+    cJSON_AddStringToObject(root.get(), "accessory", menu.accessory.c_str());
+    std::map<std::string, std::string> free_texts;
+    for (const Row &row : rows)
+        if (row.item->free_text)
+            free_texts[row.item->name] = row.item->choices[0].words;
+    add_texts(root.get(), "free_texts", free_texts);
+    add_texts(root.get(), "opens_on", opening_rows(menu, rows));
+    add_texts(root.get(), "fonts", font_versions);
+    add_texts(root.get(), "shaped_by", shaping_versions());
+    return json_text(root.get());
+}
+
+// A number outside what a menu file may say counts as missing: the manifest may be anyone's.
+static void take_number(const cJSON *root, const char *key, int low, int high, int &result)
+{
+    const cJSON *entry = cJSON_GetObjectItemCaseSensitive(root, key);
+    if (cJSON_IsNumber(entry) && entry->valueint >= low && entry->valueint <= high)
+        result = entry->valueint;
+}
+
+static std::string text_of(const cJSON *root, const char *key)
+{
+    const cJSON *entry = cJSON_GetObjectItemCaseSensitive(root, key);
+    return cJSON_IsString(entry) ? entry->valuestring : "";
+}
+
+Manifest read_manifest(const std::string &directory, Findings &findings)
+{
+    Manifest manifest;
+    std::string path = directory + "/menu.json";
+    std::optional<std::string> content = read_file(path);
+    Json root(cJSON_Parse(content.value_or("").c_str()));
+    if (!cJSON_IsObject(root.get()))
+        findings.warning({path}, content ? "is no JSON object" : "there is no such file",
+                         "taking burst 2, font size 30 and pixel format ARGB1555");
+    take_number(root.get(), "burst", 1, 8, manifest.display.burst);
+    take_number(root.get(), "font_size", 8, 400, manifest.display.font_size);
+    take_number(root.get(), "width", 16, 8192, manifest.display.width);
+    take_number(root.get(), "height", 16, 8192, manifest.display.height);
+    manifest.display.pixel_format =
+        parse_pixel_format(text_of(root.get(), "pixel_format")).value_or(PixelFormat::argb1555);
+    manifest.background = parse_colour(text_of(root.get(), "background")).value_or(Colour{});
+    manifest.device_directory = text_of(root.get(), "device_directory");
+    manifest.accessory = text_of(root.get(), "accessory");
+    const cJSON *entry;
+    cJSON_ArrayForEach(entry, cJSON_GetObjectItemCaseSensitive(root.get(), "languages")) if (cJSON_IsString(entry))
+        manifest.languages.push_back(entry->valuestring);
+    cJSON_ArrayForEach(entry, cJSON_GetObjectItemCaseSensitive(root.get(), "free_texts")) if (cJSON_IsString(entry))
+        manifest.free_texts[entry->string] = entry->valuestring;
+    return manifest;
+}

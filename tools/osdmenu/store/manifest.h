@@ -1,0 +1,24 @@
+// menu.json, beside the language directories: what a host must know and none of the eight files holds.
+#pragma once
+
+#include <map>
+#include <string>
+
+#include "menu/configuration.h"
+#include "menu/menu_model.h"
+#include "render/fonts.h"
+
+struct Manifest {
+    Display display; // width and height are always set
+    Colour background;
+    std::string device_directory;
+    std::vector<std::string> languages;            // in the order of the menu
+    std::string accessory;                         // name of the accessory
+    std::map<std::string, std::string> free_texts; // texts that the host puts in at run time, by item
+};
+
+std::string manifest_text(const Menu &menu, const std::vector<Row> &rows, const Display &display,
+                          const std::map<std::string, std::string> &font_versions);
+
+// Reads menu.json of a directory. Without one the defaults hold, and a warning goes to the findings.
+Manifest read_manifest(const std::string &directory, Findings &findings);

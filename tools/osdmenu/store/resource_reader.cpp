@@ -1,0 +1,236 @@
+#include "store/resource_reader.h"
+
+#include <cstring>
+#include <optional>
+
+#include "common/text.h"
+#include "resources/glyph_banks.h"
+
+namespace
+{
+
+constexpr unsigned int MAX_SIDE = 8192; // rows, or pixels of a row
+constexpr size_t MAX_STRING = 128;      // bytes read before a string ends without a terminator
+constexpr size_t MIN_SYMBOLS = 4;       // what pages and help lines paint
+constexpr size_t MAX_SYMBOLS = 31;      // with one more the library's load fails
+
+struct FaultFound {
+    Fault fault;
+};
+
+// One file and how far it has been read. Whatever doesn't fit throws FaultFound.
+class Cursor
+{
+  public:
+    Cursor(const std::string &directory, const std::string &name) : file(directory + name)
+    {
+        std::optional<std::string> found = read_file(file);
+        if (!found)
+            fail("there is no such file, or it cannot be read");
+        content = *found;
+    }
+
+    [[noreturn]] void fail(const std::string &text) const
+    {
+        throw FaultFound{{file, position, text}};
+    }
+
+    bool at_end() const
+    {
+        return position == content.size();
+    }
+    size_t offset() const
+    {
+        return position;
+    }
+    size_t left() const
+    {
+        return content.size() - position;
+    }
+
+    template <class Record> Record record(const std::string &what)
+    {
+        static_assert(std::is_trivially_copyable_v<Record>);
+        if (left() < sizeof(Record))
+            fail(what + " is cut short: " + std::to_string(left()) + " of " + std::to_string(sizeof(Record)) +
+                 " bytes");
+        Record record;
+        std::memcpy(&record, content.data() + position, sizeof record);
+        position += sizeof record;
+        return record;
+    }
+
+    // Up to 127 bytes and a zero, or 128 bytes without one.
+    std::string string(const std::string &what)
+    {
+        size_t end = content.find('\0', position);
+        size_t length = std::min(end, content.size()) - position;
+        if (length >= MAX_STRING) {
+            std::string text = content.substr(position, MAX_STRING);
+            position += MAX_STRING;
+            return text;
+        }
+        if (end == std::string::npos)
+            fail(what + " has no end");
+        std::string text = content.substr(position, length);
+        position += length + 1;
+        return text;
+    }
+
+    // `pitch` is what the file holds per row, in bytes.
+    ReadPicture picture(const osdmenu_view_bitmap &size, unsigned int pitch, const std::string &what)
+    {
+        if (size.height > MAX_SIDE || pitch > MAX_SIDE * 2 || size.width > MAX_SIDE * 2)
+            fail(what + " has an absurd size: " + std::to_string(size.height) + " rows of " + std::to_string(pitch) +
+                 " bytes");
+        if (size.width % 2 != 0)
+            fail(what + " splits a pixel: " + std::to_string(size.width) + " bytes a row");
+        size_t bytes = size_t{size.height} * pitch;
+        if (left() < bytes)
+            fail(what + " is cut short: " + std::to_string(left()) + " of " + std::to_string(bytes) + " bytes");
+        ReadPicture picture{size, content.substr(position, bytes)};
+        picture.size.bitmap = nullptr;
+        position += bytes;
+        return picture;
+    }
+
+    void expect_end(const std::string &what) const
+    {
+        if (!at_end())
+            fail(std::to_string(left()) + " bytes behind the last " + what);
+    }
+
+  private:
+    std::string file;
+    std::string content;
+    size_t position = 0;
+};
+
+} // namespace
+
+// The bound keeps a count of billions from being walked: each choice takes a record.
+static void read_choices(Cursor &meta, Cursor &data, const osdmenu_item &image, ReadItem &item)
+{
+    int count;
+    std::memcpy(&count, &image.item_values.u, sizeof count);
+    if (count < 0 || static_cast<size_t>(count) > meta.left() / sizeof(osdmenu_item_value))
+        meta.fail(in_quotes(item.name) + " announces " + std::to_string(count) + " choices, more than the file holds");
+    for (int i = 0; i < count; i++) {
+        std::string what = "choice " + std::to_string(i) + " of " + in_quotes(item.name);
+        auto choice = meta.record<osdmenu_item_value>(what);
+        ReadChoice read;
+        read.text = data.string("the text of " + what);
+        const osdmenu_view_bitmap &size = choice.u.txt.viewbitmap;
+        read.picture = data.picture(size, size.width, "the picture of " + what);
+        item.choices.push_back(read);
+    }
+}
+
+static ReadItem read_item(Cursor &meta, Cursor &data, size_t number)
+{
+    ReadItem item;
+    std::string what = "item " + std::to_string(number);
+    item.offset = meta.offset();
+    auto image = meta.record<osdmenu_item>(what);
+    item.position = image.position;
+    item.value_type = image.item_values.type;
+    item.current = image.item_values.current;
+    // The two files are read in step, record by record.
+    item.name = data.string("the name of " + what);
+    item.text = data.string("the text of " + in_quotes(item.name));
+    item.picture =
+        data.picture(image.view.viewbitmap, image.view.viewbitmap.width, "the picture of " + in_quotes(item.name));
+    if (item.value_type > VALUE_PERCENTAGE)
+        meta.fail(in_quotes(item.name) + " has no known type of value: " + std::to_string(item.value_type));
+    if (item.value_type == VALUE_TXT)
+        read_choices(meta, data, image, item);
+    else if (item.value_type != VALUE_NONE)
+        item.number = image.item_values.u.number;
+    return item;
+}
+
+static void read_items(const std::string &directory, Resources &resources)
+{
+    Cursor meta(directory, "m.d"), data(directory, "b.d");
+    while (!meta.at_end())
+        resources.items.push_back(read_item(meta, data, resources.items.size()));
+    data.expect_end("item");
+    if (resources.items.empty())
+        meta.fail("there is no item");
+}
+
+// An empty picture would end the library's load at that line.
+static ReadPicture read_line_picture(Cursor &data, const osdmenu_view_bitmap &size, const std::string &name)
+{
+    if (size.height == 0 || size.width == 0)
+        data.fail("the picture of " + in_quotes(name) + " is empty");
+    return data.picture(size, size.width, "the picture of " + in_quotes(name));
+}
+
+template <class Record>
+static void read_lines(const std::string &directory, const char *meta_name, const char *data_name,
+                       std::vector<ReadLine> &lines)
+{
+    Cursor meta(directory, meta_name), data(directory, data_name);
+    while (!meta.at_end()) {
+        std::string what = "line " + std::to_string(lines.size());
+        auto image = meta.record<Record>(what);
+        ReadLine line;
+        line.name = data.string("the name of " + what);
+        line.text = data.string("the text of " + in_quotes(line.name));
+        line.picture = read_line_picture(data, image.viewbitmap, line.name);
+        if constexpr (std::is_same_v<Record, osdbubbleline>)
+            line.level = image.level;
+        lines.push_back(line);
+    }
+    data.expect_end("line");
+}
+
+static void read_bank(Cursor &file, std::vector<ReadPicture> &bank, size_t most, const char *kind)
+{
+    while (!file.at_end() && bank.size() < most) {
+        std::string what = std::string(kind).append(" ").append(std::to_string(bank.size()));
+        auto size = file.record<osdmenu_view_bitmap>(what);
+        if (size.width > size.stride)
+            file.fail(what + " is wider than its stride: " + std::to_string(size.width) + " and " +
+                      std::to_string(size.stride) + " bytes");
+        bank.push_back(file.picture(size, size.stride, "the picture of " + what));
+    }
+    file.expect_end(kind);
+}
+
+static void read_glyphs(const std::string &directory, Resources &resources)
+{
+    Cursor file(directory, "c.d");
+    read_bank(file, resources.glyphs, GLYPH_COUNT, "glyph");
+    if (resources.glyphs.size() < GLYPH_COUNT)
+        file.fail("there are " + std::to_string(resources.glyphs.size()) + " glyphs of " + std::to_string(GLYPH_COUNT));
+}
+
+// One symbol more than the most, and the device reports a failed load.
+static void read_symbols(const std::string &directory, Resources &resources)
+{
+    Cursor file(directory, "s.d");
+    read_bank(file, resources.symbols, MAX_SYMBOLS, "symbol");
+    if (resources.symbols.size() < MIN_SYMBOLS)
+        file.fail("there are " + std::to_string(resources.symbols.size()) + " symbols of at least 4");
+}
+
+Resources read_resources(const std::string &directory)
+{
+    Resources resources;
+    // A fault ends its own pair only: the other files are in step with nothing but themselves.
+    auto keep_fault = [&](auto read) {
+        try {
+            read();
+        } catch (const FaultFound &found) {
+            resources.faults.push_back(found.fault);
+        }
+    };
+    keep_fault([&] { read_items(directory, resources); });
+    keep_fault([&] { read_lines<osdhelpline>(directory, "hm.d", "hb.d", resources.help_lines); });
+    keep_fault([&] { read_lines<osdbubbleline>(directory, "bm.d", "bb.d", resources.bubbles); });
+    keep_fault([&] { read_glyphs(directory, resources); });
+    keep_fault([&] { read_symbols(directory, resources); });
+    return resources;
+}
