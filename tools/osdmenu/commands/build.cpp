@@ -1,119 +1,141 @@
-#include "commands/build.h"
+// osdmenu build: from menu.yaml to the directory that a device takes.
 
-#include <filesystem>
+#include <memory>
 #include <unistd.h>
 
+#include "commands/commands.h"
 #include "common/text.h"
 #include "host/streams.h"
-#include "menu/menu_reader.h"
-#include "render/language_resources.h"
-#include "rules/menu_rules.h"
+#include "render/languages.h"
+#include "rules/judgement.h"
+#include "rules/report.h"
+#include "store/digest.h"
 #include "store/manifest.h"
 #include "store/output.h"
 
 namespace
 {
 
-// One line on a terminal, nothing in a log.
-class Progress
-{
-  public:
-    explicit Progress(std::FILE *stream) : terminal(isatty(fileno(stream)) ? stream : nullptr) {}
-    ~Progress()
-    {
-        show("");
-    }
-
-    void show(const std::string &what)
-    {
-        if (terminal)
-            std::fprintf(terminal, "\r\033[K%s", what.c_str());
-    }
-
-  private:
-    std::FILE *terminal;
-};
-
-struct Job {
-    const BuildOptions &options;
-    Streams &streams;
-    Findings findings;
+struct BuildOptions {
+    std::string menu;
+    std::string directory;
+    bool pseudo = false;
+    bool verify = false;
 };
 
 } // namespace
 
-// Translations lie beside the menu, so that the two travel together.
-static std::string po_path(const Menu &menu, const std::string &language)
+// One line on a terminal, nothing in a log.
+static void show_progress(std::FILE *stream, size_t done, size_t all, const std::string &language)
 {
-    return (std::filesystem::path(menu.path).parent_path() / "po" / (language + ".po")).string();
+    if (!isatty(fileno(stream)))
+        return;
+    std::string bar(done * 30 / all, '#');
+    std::fprintf(stream, "\r\033[K[%-30s] %zu of %zu %s", bar.c_str(), done, all, language.c_str());
+    if (done == all)
+        std::fputs("\r\033[K", stream);
+    std::fflush(stream);
 }
 
-// One language at a time: fonts, texts and the widths that its words take are its own.
-static void add_language(Job &job, const Menu &menu, const std::vector<Row> &rows, const Configuration &configuration,
-                         const Geometry &geometry, const Fonts &fonts, const Language &language, Files &files)
+// The earlier result, when it stands there whole and was made from the same inputs.
+static Files earlier_files(const std::string &directory, const Manifest &manifest, const std::string &language,
+                           const std::string &inputs)
 {
-    Translations translations;
-    if (language.code != menu.source_language)
-        translations = Translations(po_path(menu, language.code), job.findings);
-    Renderer renderer(menu, geometry, fonts, language.code);
-    for (auto &[name, content] : make_language_resources(
-             {menu, rows, configuration, geometry, renderer, translations, language.code, job.findings}))
-        files[language.code + "/" + name] = content;
-}
-
-// Everything is made in memory first. Nothing is written while an error can still turn up.
-static Files make_files(Job &job, const Menu &menu, const std::vector<Row> &rows, const Configuration &configuration)
-{
-    Progress progress(job.streams.err);
+    auto record = manifest.records.find(language);
+    if (record == manifest.records.end() || record->second.inputs != inputs)
+        return {};
     Files files;
-    Geometry geometry = set_up_geometry(menu.display);
-    check_page_heights(rows, geometry, job.findings);
-    std::map<std::string, std::string> font_versions;
-    for (const Language &language : menu.languages) {
-        progress.show("Rendering " + language.code + " ...");
-        // Without its fonts a language has no pictures, and every text would be a finding of its own.
-        Fonts fonts(language.fonts.empty() ? menu.fonts : language.fonts, job.findings);
-        if (job.findings.has_errors())
-            return {};
-        add_language(job, menu, rows, configuration, geometry, fonts, language, files);
-        font_versions.insert(fonts.versions().begin(), fonts.versions().end());
+    for (const char *name : {"m.d", "b.d", "c.d", "s.d", "hm.d", "hb.d", "bm.d", "bb.d"})
+        files[name] = read_file(directory + "/" + language + "/" + name).value_or("");
+    return digest_of(files) == record->second.files ? files : Files();
+}
+
+static std::map<std::string, std::string> font_versions(const LanguageFonts &fonts)
+{
+    std::map<std::string, std::string> versions;
+    for (const auto &[language, families] : fonts)
+        for (const FontFamily &family : families)
+            versions[family.font.family] = family.version;
+    return versions;
+}
+
+// Everything that goes into the directory, by relative path.
+static Files all_files(const Project &project, const LanguageFonts &fonts,
+                       const std::vector<RenderedLanguage> &languages)
+{
+    Files files;
+    std::map<std::string, LanguageRecord> records;
+    for (const RenderedLanguage &language : languages) {
+        for (const auto &[name, content] : language.files)
+            files[language.code + "/" + name] = content;
+        records[language.code] = {language.inputs, digest_of(language.files)};
     }
-    // A host needs the sizes that hold, also where the menu left them to burst.
-    Display display = menu.display;
-    display.width = geometry.view_width;
-    display.height = geometry.view_height;
-    files["menu.json"] = manifest_text(menu, rows, display, font_versions);
-    files["conf_backup/osd_menu.json"] = configuration.text();
+    files["menu.json"] = manifest_text(project, font_versions(fonts), records);
+    files["conf_backup/osd_menu.json"] = project.configuration.text();
     return files;
 }
 
-// Findings come last, sorted, below whatever progress was shown.
-static int finish(Job &job)
+// Whether a directory holds these very files.
+static int verify(const BuildOptions &options, const Files &files, std::FILE *out)
 {
-    job.findings.print(job.streams.err);
-    return job.findings.has_errors() ? 1 : 0;
+    int different = 0;
+    for (const auto &[name, content] : files) {
+        std::string path = options.directory + "/" + name;
+        if (read_file(path) == content)
+            continue;
+        std::fprintf(out, "%s: differs from what the menu gives\n", path.c_str());
+        different++;
+    }
+    if (different == 0)
+        std::fprintf(out, "%s: %zu files are what the menu gives, sha256 %s\n", options.directory.c_str(), files.size(),
+                     digest_of(files).c_str());
+    return different ? STATUS_FINDINGS : STATUS_CLEAN;
 }
 
-int run_build(const BuildOptions &options)
+// Everything is made in memory first. Nothing is written while an error can still turn up.
+static int write(const BuildOptions &options, const Files &files, const std::vector<RenderedLanguage> &languages,
+                 const Project &project, std::FILE *out)
+{
+    replace_directory(options.directory, files);
+    size_t reused = 0;
+    for (const RenderedLanguage &language : languages)
+        reused += language.is_reused ? 1 : 0;
+    std::fprintf(out, "%s: %zu languages (%zu unchanged), %zu items, sha256 %s\n", options.directory.c_str(),
+                 languages.size(), reused, project.rows.size(), digest_of(files).c_str());
+    return STATUS_CLEAN;
+}
+
+static int run_build(const BuildOptions &options)
 {
     Streams streams;
-    Job job{options, streams, {}};
-    Menu menu = read_menu(options.menu, job.findings);
-    std::vector<Row> rows = rows_in_file_order(menu);
-    check_menu(menu, rows, job.findings);
-    Configuration configuration(menu, rows, job.findings);
-    if (job.findings.has_errors())
-        return finish(job);
-    // A translator wants the template of a menu whose pictures may not be possible yet.
-    if (!options.template_path.empty())
-        write_template(menu, options.template_path);
-    if (options.directory.empty())
-        return finish(job);
-    Files files = make_files(job, menu, rows, configuration);
-    if (!job.findings.has_errors()) {
-        replace_directory(options.directory, files);
-        std::fprintf(streams.out, "%s: %zu languages, %zu items\n", options.directory.c_str(), menu.languages.size(),
-                     rows.size());
-    }
-    return finish(job);
+    Findings findings, ignored;
+    // No earlier result is trusted where the question is whether it is right.
+    Manifest earlier = options.verify ? Manifest() : read_manifest(options.directory, ignored);
+    Judged judged = judge_menu(
+        options.menu,
+        [&](const std::string &language, const std::string &inputs) {
+            return earlier_files(options.directory, earlier, language, inputs);
+        },
+        [&](size_t done, size_t all, const std::string &language) { show_progress(streams.err, done, all, language); },
+        findings);
+    if (options.pseudo && !judged.languages.empty())
+        judged.languages.push_back(render_pseudo_language(*judged.project, judged.fonts, judged.languages, findings));
+    print_report(streams.err, findings, ReportFormat::text);
+    if (findings.has_errors())
+        return STATUS_FINDINGS;
+    Files files = all_files(*judged.project, judged.fonts, judged.languages);
+    return options.verify ? verify(options, files, streams.out)
+                          : write(options, files, judged.languages, *judged.project, streams.out);
+}
+
+void add_build(CLI::App &app, Run &run)
+{
+    auto options = std::make_shared<BuildOptions>();
+    CLI::App *command = app.add_subcommand("build", "Compiles a menu into the resources of a device");
+    command->add_option("menu", options->menu, "The menu, a YAML file")->required();
+    command->add_option("-o,--output", options->directory, "Directory to make, with one directory for each language")
+        ->required();
+    command->add_flag("--pseudo", options->pseudo, "Adds a made-up language with the widest texts to expect");
+    command->add_flag("--verify", options->verify, "Builds again and compares with the directory, writing nothing");
+    command->callback([&run, options] { run = [options] { return run_build(*options); }; });
 }

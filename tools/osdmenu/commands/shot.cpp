@@ -1,8 +1,11 @@
-#include "commands/shot.h"
+// osdmenu shot: plays keys on a compiled menu and writes what the device would show.
 
 #include <algorithm>
+#include <memory>
 #include <sstream>
+#include <vector>
 
+#include "commands/commands.h"
 #include "common/text.h"
 #include "core/layout.h"
 #include "core/state.h"
@@ -11,6 +14,32 @@
 #include "osd_menu_post.h"
 #include "render/png.h"
 #include "resources/glyph_banks.h"
+#include "rules/report.h"
+
+namespace
+{
+
+struct ShotOptions {
+    std::string directory; // of one language
+    std::string output;
+    std::string keys; // parted by blanks
+    std::string background;
+    std::string bubble;
+    std::string text;
+    std::string open;
+    std::string trace;
+    std::vector<std::string> enabled;
+    std::vector<std::string> disabled;
+    bool help_line = false;
+    // In place of what the manifest says; 0 or empty takes that.
+    int burst = 0;
+    int font_size = 0;
+    int width = 0;
+    int height = 0;
+    std::string pixel_format;
+};
+
+} // namespace
 
 // Around a bubble's picture; the first counts bytes and must be even.
 static constexpr int BUBBLE_SIDE = 40, BUBBLE_ABOVE = 20, BUBBLE_BELOW = 20;
@@ -100,9 +129,9 @@ static PixelView text_bubble(const std::string &given, PixelFormat format, const
 // Nothing may be painted from a directory that the library would load halfway.
 static Resources sound_resources(const std::string &directory, std::FILE *err)
 {
-    Resources resources = read_resources(directory);
+    Resources resources = read_resources(files_of_directory(directory));
     for (const Fault &fault : resources.faults)
-        std::fprintf(err, "%s: byte %zu: error: %s\n", printable(fault.file).c_str(), fault.offset,
+        std::fprintf(err, "%s%s: byte %zu: error: %s\n", printable(directory).c_str(), fault.file.c_str(), fault.offset,
                      printable(fault.text).c_str());
     return resources;
 }
@@ -119,7 +148,7 @@ static void override_manifest(const ShotOptions &options, Manifest &manifest)
         display.pixel_format = *parse_pixel_format(options.pixel_format);
 }
 
-int run_shot(const ShotOptions &options)
+static int run_shot(const ShotOptions &options)
 {
     Streams streams(options.trace);
     std::string directory = options.directory + (options.directory.ends_with('/') ? "" : "/");
@@ -128,7 +157,7 @@ int run_shot(const ShotOptions &options)
         return 1;
     Findings findings;
     Manifest manifest = read_manifest(directory + "..", findings);
-    findings.print(streams.err);
+    print_report(streams.err, findings, ReportFormat::text);
     override_manifest(options, manifest);
     start_library(directory, manifest, resources);
     if (!osdmenu_viewbuffer)
@@ -140,4 +169,32 @@ int run_shot(const ShotOptions &options)
                                              : page(options, format);
     write_png(options.output, view, parse_colour(options.background));
     return 0;
+}
+
+void add_shot(CLI::App &app, Run &run)
+{
+    auto shared = std::make_shared<ShotOptions>();
+    ShotOptions &options = *shared;
+    CLI::App *command = app.add_subcommand("shot", "Plays keys on a compiled menu and writes the page as a PNG file");
+    CLI::Validator is_colour([](std::string &text) { return parse_colour(text) ? "" : "no colour: " + text; },
+                             "#rrggbb");
+    command->add_option("directory", options.directory, "Directory of one language")->required();
+    command->add_option("-o,--output", options.output, "PNG file to write")->required();
+    command->add_option("--keys", options.keys, "Keys parted by blanks: up down left right ok back menu");
+    command->add_option("--open", options.open, "Item to go to and press OK on, before the keys");
+    command->add_option("--enable", options.enabled, "Item to show")->take_all();
+    command->add_option("--disable", options.disabled, "Item to hide")->take_all();
+    command->add_flag("--helpline", options.help_line, "End every page with the help block");
+    command->add_option("--bubble", options.bubble, "Shows a bubble in place of a page");
+    command->add_option("--text", options.text, "Shows a text in place of a page; \\n breaks the line");
+    command->add_option("--background", options.background, "Colour behind transparent pixels")->check(is_colour);
+    command->add_option("--trace", options.trace, "File for what the library prints");
+    command->add_option("--burst", options.burst, "In place of the manifest's")->check(CLI::Range(1, 8));
+    command->add_option("--font-size", options.font_size, "In place of the manifest's")->check(CLI::Range(8, 400));
+    command->add_option("--width", options.width, "Of the view, in place of the manifest's")
+        ->check(CLI::Range(16, 8192));
+    command->add_option("--height", options.height, "Of the view")->check(CLI::Range(16, 8192));
+    command->add_option("--pixel-format", options.pixel_format, "In place of the manifest's")
+        ->check(CLI::IsMember({"ARGB1555", "RGB565"}));
+    command->callback([&run, shared] { run = [shared] { return run_shot(*shared); }; });
 }

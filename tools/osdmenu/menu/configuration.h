@@ -22,6 +22,8 @@ std::string json_text(const cJSON *json);
 class Configuration
 {
   public:
+    Configuration() = default;
+
     // A menu without the file gets one that holds its background colour alone.
     Configuration(const Menu &menu, const std::vector<Row> &rows, Findings &findings);
 

@@ -1,6 +1,7 @@
 // A menu as its designer wrote it, each part with its place in the file.
 #pragma once
 
+#include <array>
 #include <map>
 #include <string>
 #include <utility>
@@ -19,6 +20,8 @@ struct Font {
     std::string family;
     std::string package; // the Debian package that holds it
     Place place;
+    std::vector<std::string> scripts; // it serves, as ISO 15924 codes such as Arab; empty for all
+    int percent = 100;                // size of its letters, of the text's size
 };
 
 struct Language {
@@ -33,6 +36,7 @@ struct Display {
     int width = 0;      // of the view; 0 means what burst gives
     int height = 0;
     int help_percent = 100; // size of the help lines' text, of that of the rows
+    int outline = 0;        // pixels around each letter, at every burst
     PixelFormat pixel_format = PixelFormat::argb1555;
 };
 
@@ -41,7 +45,8 @@ struct Colours {
     Colour text{0xf0, 0xf4, 0xfa, 255};
     Colour title{0xff, 0xb4, 0x54, 255};
     Colour value{0x7f, 0xd1, 0xff, 255};
-    Colour muted{0x9a, 0xa8, 0xbc, 255};
+    Colour disabled{0x9a, 0xa8, 0xbc, 255}; // of muted rows
+    Colour outline{0x00, 0x00, 0x00, 255};
     Colour help{0x9a, 0xa8, 0xbc, 255};
     Colour pointer{0xff, 0xb4, 0x54, 255};
     Colour bubble{0xf0, 0xf4, 0xfa, 255};
@@ -75,6 +80,11 @@ struct Line {
     int indent = 0; // blank pixels in front of the text
 };
 
+struct Symbols {
+    std::array<Text, 4> marks; // up, pointer (also right), down, left; without words a triangle is drawn
+    std::vector<Text> more;    // from index 4 on
+};
+
 struct Menu {
     std::string path;
     std::string device_directory;
@@ -85,6 +95,8 @@ struct Menu {
     Colours colours;
     std::vector<Font> fonts;
     std::vector<Item> items;
+    Symbols symbols;
     std::vector<Line> help_lines;
     std::vector<Line> bubbles;
+    CheckSettings check;
 };

@@ -59,12 +59,18 @@ static void read_display(Yaml &yaml, const YAML::Node &node, Display &display)
 static void read_colours(Yaml &yaml, const YAML::Node &node, Colours &colours)
 {
     if (!yaml.check_keys(node, "the colours",
-                         {"background", "text", "title", "value", "muted", "help", "pointer", "bubble"}))
+                         {"background", "text", "title", "value", "disabled", "outline", "help", "pointer", "bubble"}))
         return;
     const std::pair<const char *, Colour *> members[] = {
-        {"background", &colours.background}, {"text", &colours.text},     {"title", &colours.title},
-        {"value", &colours.value},           {"muted", &colours.muted},   {"help", &colours.help},
-        {"pointer", &colours.pointer},       {"bubble", &colours.bubble},
+        {"background", &colours.background},
+        {"text", &colours.text},
+        {"title", &colours.title},
+        {"value", &colours.value},
+        {"disabled", &colours.disabled},
+        {"outline", &colours.outline},
+        {"help", &colours.help},
+        {"pointer", &colours.pointer},
+        {"bubble", &colours.bubble},
     };
     for (const auto &[key, colour] : members)
         if (node[key])
@@ -78,7 +84,8 @@ static std::vector<Font> read_fonts(Yaml &yaml, const YAML::Node &node)
     yaml.each(node, "fonts", [&](const YAML::Node &entry) {
         if (!yaml.check_keys(entry, "a font", {"family", "package"}))
             return;
-        Font font{{}, {}, yaml.place(entry)};
+        Font font;
+        font.place = yaml.place(entry);
         if (const YAML::Node family = yaml.required(entry, "family", "a font"))
             font.family = yaml.text(family, "family").value_or("");
         if (const YAML::Node package = yaml.required(entry, "package", "a font"))
@@ -275,9 +282,10 @@ Menu read_menu(const std::string &path, Findings &findings)
     menu.path = path;
     Yaml yaml(path, findings);
     YAML::Node root = yaml.root();
-    if (findings.has_errors() || !yaml.check_keys(root, "a menu",
-                                                  {"device_directory", "source_language", "languages", "accessory",
-                                                   "display", "colours", "fonts", "items", "help_lines", "bubbles"}))
+    if (findings.has_rule("unreadable") ||
+        !yaml.check_keys(root, "a menu",
+                         {"device_directory", "source_language", "languages", "accessory", "display", "colours",
+                          "fonts", "items", "help_lines", "bubbles"}))
         return menu;
     read_strings(yaml, root, menu);
     if (const YAML::Node node = yaml.required(root, "languages", "a menu"))

@@ -33,10 +33,7 @@ void receive(int severity, po_message_t, const char *file, size_t line, size_t c
     std::string words = text;
     while (words.ends_with('\n'))
         words.pop_back();
-    if (severity == PO_SEVERITY_WARNING)
-        receiver->warning({file ? file : "", number(line), number(column)}, words);
-    else
-        receiver->error({file ? file : "", number(line), number(column)}, words);
+    receiver->error({file ? file : "", number(line), number(column)}, words);
     // The handler must not return from this one.
     if (severity == PO_SEVERITY_FATAL_ERROR)
         throw Failure(words);
@@ -67,63 +64,16 @@ Translations::Translations(const std::string &path, Findings &findings) : file(p
         std::string words = po_message_msgstr(message);
         const char *context = po_message_msgctxt(message);
         if (!words.empty() && !po_message_is_fuzzy(message) && !po_message_is_obsolete(message))
-            texts[{context ? context : "", po_message_msgid(message)}] = words;
+            texts[{context ? context : "", po_message_msgid(message)}].words = words;
     }
 }
 
-const std::string &Translations::of(const Text &text, const std::string &item, Findings &findings) const
+Translation Translations::of(const Text &text, const std::string &item) const
 {
     if (file.empty())
-        return text.words;
+        return {text.words, TranslationState::translated, text.place};
     for (const std::string &context : {item, std::string()})
         if (auto found = texts.find({context, text.words}); found != texts.end())
             return found->second;
-    findings.warning(text.place, in_quotes(text.words) + " is not translated in " + file);
-    return text.words;
-}
-
-// Free texts are the host's and never translated.
-static void collect(const std::vector<Item> &items, std::vector<Text> &texts)
-{
-    for (const Item &item : items) {
-        texts.push_back(item.text);
-        if (!item.free_text)
-            texts.insert(texts.end(), item.choices.begin(), item.choices.end());
-        collect(item.items, texts);
-    }
-}
-
-// The place helps a translator to find what a short word is about.
-static void insert(po_message_iterator_t iterator, const Text &text)
-{
-    po_message_t message = po_message_create();
-    po_message_set_msgid(message, text.words.c_str());
-    po_message_set_msgstr(message, "");
-    po_message_add_filepos(message, text.place.file.c_str(), static_cast<size_t>(text.place.line));
-    po_message_insert(iterator, message);
-}
-
-void write_template(const Menu &menu, const std::string &path)
-{
-    std::vector<Text> texts;
-    collect(menu.items, texts);
-    for (const std::vector<Line> *lines : {&menu.help_lines, &menu.bubbles})
-        for (const Line &line : *lines)
-            texts.push_back(line.text);
-    PoFile po(po_file_create());
-    PoIterator iterator(po_message_iterator(po.get(), nullptr));
-    po_message_t header = po_message_create();
-    po_message_set_msgid(header, "");
-    po_message_set_msgstr(header, "MIME-Version: 1.0\nContent-Type: text/plain; charset=UTF-8\n"
-                                  "Content-Transfer-Encoding: 8bit\n");
-    po_message_insert(iterator.get(), header);
-    std::set<std::string> seen;
-    for (Text text : texts) {
-        text.place.file = std::filesystem::path(text.place.file).filename().string();
-        // One entry per text, as gettext wants it.
-        if (seen.insert(text.words).second)
-            insert(iterator.get(), text);
-    }
-    if (!po_file_write(po.get(), path.c_str(), &handler))
-        throw Failure(path + ": cannot be written");
+    return {text.words, TranslationState::missing, text.place};
 }

@@ -4,26 +4,34 @@
 #include <map>
 #include <string>
 #include <utility>
-#include <vector>
 
 #include "menu/menu_model.h"
+
+// Only the first two count as translated; everything else shows the source text.
+enum class TranslationState { translated, same_on_purpose, same_as_source, missing, fuzzy, untranslated };
+
+struct Translation {
+    std::string words;
+    TranslationState state = TranslationState::translated;
+    Place place; // in the PO file
+};
 
 class Translations
 {
   public:
     Translations() = default; // of the source language: every text stands for itself
 
-    // Fuzzy and obsolete entries don't count, as everywhere with gettext.
     Translations(const std::string &path, Findings &findings);
 
-    // A translation given for this item (as msgctxt) goes before the common one. A text without any stands for
-    // itself, with a warning.
-    const std::string &of(const Text &text, const std::string &item, Findings &findings) const;
+    // Of a text of this item or line (its msgctxt). Its words are never empty.
+    Translation of(const Text &text, const std::string &name) const;
+
+    const std::string &path() const
+    {
+        return file;
+    }
 
   private:
     std::string file;                                                 // empty in the source language
-    std::map<std::pair<std::string, std::string>, std::string> texts; // by context and source text
+    std::map<std::pair<std::string, std::string>, Translation> texts; // by context and source text
 };
-
-// Every text of the menu, as a template for translators.
-void write_template(const Menu &menu, const std::string &path);

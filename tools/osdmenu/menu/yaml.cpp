@@ -19,13 +19,13 @@ YAML::Node Yaml::root()
 {
     std::optional<std::string> content = read_file(path);
     if (!content) {
-        findings.error({path}, "cannot be read");
+        findings.add({{path}, "unreadable", "cannot be read"});
         return YAML::Node(YAML::NodeType::Map);
     }
     try {
         return YAML::Load(*content);
     } catch (const YAML::Exception &e) {
-        findings.error({path, e.mark.line + 1, e.mark.column + 1}, e.msg);
+        findings.add({{path, e.mark.line + 1, e.mark.column + 1}, "unreadable", e.msg});
         return YAML::Node(YAML::NodeType::Map);
     }
 }

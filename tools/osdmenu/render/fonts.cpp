@@ -1,6 +1,7 @@
 #include "render/fonts.h"
 
-#include <set>
+#include <algorithm>
+#include <filesystem>
 
 #include <cairo-ft.h>
 #include <fontconfig/fontconfig.h>
@@ -33,36 +34,7 @@ struct FcDeleter {
 };
 template <class T> using Fc = std::unique_ptr<T, FcDeleter>;
 
-// Several files make a family: regular and bold at least.
-struct FontFiles {
-    std::set<std::string> paths;
-    int version = 0; // as the font tells it, in 1/65536
-};
-
 } // namespace
-
-// Upright faces of normal width from the packages' directory. What a user keeps at home must not shape a menu, and a
-// further package of the same family must not change which face is taken.
-static FontFiles find_family(FcConfig *machine, const std::string &family)
-{
-    Fc<FcPattern> pattern(FcPatternCreate());
-    FcPatternAddString(pattern.get(), FC_FAMILY, reinterpret_cast<const FcChar8 *>(family.c_str()));
-    FcPatternAddInteger(pattern.get(), FC_SLANT, FC_SLANT_ROMAN);
-    FcPatternAddInteger(pattern.get(), FC_WIDTH, FC_WIDTH_NORMAL);
-    Fc<FcObjectSet> objects(FcObjectSetBuild(FC_FILE, FC_FONTVERSION, nullptr));
-    Fc<FcFontSet> found(FcFontList(machine, pattern.get(), objects.get()));
-    FontFiles files;
-    for (int i = 0; found && i < found->nfont; i++) {
-        FcChar8 *path = nullptr;
-        FcPatternGetString(found->fonts[i], FC_FILE, 0, &path);
-        std::string file = path ? reinterpret_cast<const char *>(path) : "";
-        if (!file.starts_with("/usr/share/fonts"))
-            continue;
-        FcPatternGetInteger(found->fonts[i], FC_FONTVERSION, 0, &files.version);
-        files.paths.insert(file);
-    }
-    return files;
-}
 
 // Three decimals, as fonts carry them in their name tables.
 static std::string version_text(int version)
@@ -70,6 +42,44 @@ static std::string version_text(int version)
     char text[32];
     std::snprintf(text, sizeof text, "%.3f", version / 65536.0);
     return text;
+}
+
+// Upright faces of normal width from the packages' directory. What a user keeps at home must not shape a menu, and a
+// further package of the same family must not change which face is taken.
+static FontFamily find_family(FcConfig *machine, const Font &font)
+{
+    Fc<FcPattern> pattern(FcPatternCreate());
+    FcPatternAddString(pattern.get(), FC_FAMILY, reinterpret_cast<const FcChar8 *>(font.family.c_str()));
+    FcPatternAddInteger(pattern.get(), FC_SLANT, FC_SLANT_ROMAN);
+    FcPatternAddInteger(pattern.get(), FC_WIDTH, FC_WIDTH_NORMAL);
+    Fc<FcObjectSet> objects(FcObjectSetBuild(FC_FILE, FC_FONTVERSION, nullptr));
+    Fc<FcFontSet> found(FcFontList(machine, pattern.get(), objects.get()));
+    FontFamily family{font, {}, {}};
+    int version = 0; // as the font tells it, in 1/65536
+    for (int i = 0; found && i < found->nfont; i++) {
+        FcChar8 *path = nullptr;
+        FcPatternGetString(found->fonts[i], FC_FILE, 0, &path);
+        std::string file = path ? reinterpret_cast<const char *>(path) : "";
+        if (!file.starts_with("/usr/share/fonts") || !family.paths.insert(file).second)
+            continue;
+        FcPatternGetInteger(found->fonts[i], FC_FONTVERSION, 0, &version);
+        family.bytes += std::filesystem::file_size(file);
+    }
+    family.version = version_text(version);
+    return family;
+}
+
+std::vector<FontFamily> find_families(const std::vector<Font> &fonts, Findings &findings)
+{
+    Fc<FcConfig> machine(FcInitLoadConfigAndFonts());
+    std::vector<FontFamily> families;
+    for (const Font &font : fonts) {
+        families.push_back(find_family(machine.get(), font));
+        if (families.back().paths.empty())
+            findings.add({font.place, "unreadable", "the font family " + in_quotes(font.family) + " is not installed",
+                          "install the Debian package " + font.package});
+    }
+    return families;
 }
 
 // Nothing that depends on a screen or on a user's taste.
@@ -84,34 +94,47 @@ static void set_rendering(PangoContext *context)
 }
 
 // The private configuration starts empty, without the aliases and substitutes of the machine.
-Fonts::Fonts(const std::vector<Font> &fonts, Findings &findings)
-    : map(pango_cairo_font_map_new_for_font_type(CAIRO_FONT_TYPE_FT))
+Fonts::Fonts(const std::vector<FontFamily> &found)
+    : families(found), map(pango_cairo_font_map_new_for_font_type(CAIRO_FONT_TYPE_FT))
 {
-    Fc<FcConfig> machine(FcInitLoadConfigAndFonts());
     Fc<FcConfig> config(FcConfigCreate());
-    for (const Font &font : fonts) {
-        FontFiles files = find_family(machine.get(), font.family);
-        if (files.paths.empty())
-            findings.error(font.place, "the font family " + in_quotes(font.family) + " is not installed",
-                           "install the Debian package " + font.package);
-        for (const std::string &path : files.paths)
+    for (const FontFamily &family : families)
+        for (const std::string &path : family.paths)
             FcConfigAppFontAddFile(config.get(), reinterpret_cast<const FcChar8 *>(path.c_str()));
-        families += (families.empty() ? "" : ",") + font.family;
-        family_versions[font.family] = version_text(files.version);
-    }
     pango_fc_font_map_set_config(PANGO_FC_FONT_MAP(map.get()), config.get());
     pango.reset(pango_font_map_create_context(map.get()));
     set_rendering(pango.get());
 }
 
-// The caller frees it. All families are named, so that a later one serves what the first lacks.
-PangoFontDescription *Fonts::description(int size, bool bold) const
+// All families are named, so that a later one serves what the first lacks. The caller frees it.
+static PangoFontDescription *describe(const std::vector<FontFamily> &families, int size, bool bold)
 {
+    std::string names;
+    for (const FontFamily &family : families)
+        names += (names.empty() ? "" : ",") + family.font.family;
     PangoFontDescription *result = pango_font_description_new();
-    pango_font_description_set_family(result, families.c_str());
+    pango_font_description_set_family(result, names.c_str());
     pango_font_description_set_absolute_size(result, size * double(PANGO_SCALE));
     pango_font_description_set_weight(result, bold ? PANGO_WEIGHT_BOLD : PANGO_WEIGHT_NORMAL);
     return result;
+}
+
+PangoFontDescription *Fonts::description(int size, bool bold) const
+{
+    return describe(families, size, bold);
+}
+
+PangoFontDescription *Fonts::description_for(const std::string &script, int size, bool bold) const
+{
+    auto serves = [&](const FontFamily &family) {
+        const std::vector<std::string> &scripts = family.font.scripts;
+        return std::find(scripts.begin(), scripts.end(), script) != scripts.end();
+    };
+    std::vector<FontFamily> ordered = families;
+    auto others = std::stable_partition(ordered.begin(), ordered.end(), serves);
+    if (others == ordered.begin())
+        return nullptr;
+    return describe(ordered, size * ordered.front().font.percent / 100, bold);
 }
 
 std::map<std::string, std::string> shaping_versions()

@@ -4,6 +4,7 @@
 
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -18,28 +19,39 @@ struct GObjectDeleter {
     }
 };
 
+// A family as this machine has it. Several files make one: regular and bold at least.
+struct FontFamily {
+    Font font;
+    std::set<std::string> paths;
+    std::string version;
+    uintmax_t bytes = 0; // of the files together
+};
+
+// In the order of preference. A missing one is an error that names its package.
+std::vector<FontFamily> find_families(const std::vector<Font> &fonts, Findings &findings);
+
+// For one thread at a time.
 class Fonts
 {
   public:
-    // Families come in the order of preference. A missing one is an error that names its package.
-    Fonts(const std::vector<Font> &fonts, Findings &findings);
+    explicit Fonts(const std::vector<FontFamily> &found);
 
-    // `size` is the em in pixels.
+    // The size is the em in pixels.
     PangoFontDescription *description(int size, bool bold) const;
+
+    // For letters of one script: the families that serve it go first, at the first one's size. Null where the menu
+    // says nothing about scripts.
+    PangoFontDescription *description_for(const std::string &script, int size, bool bold) const;
+
     PangoContext *context() const
     {
         return pango.get();
     }
-    const std::map<std::string, std::string> &versions() const
-    {
-        return family_versions;
-    }
 
   private:
+    std::vector<FontFamily> families;
     std::unique_ptr<PangoFontMap, GObjectDeleter> map;
     std::unique_ptr<PangoContext, GObjectDeleter> pango;
-    std::string families;
-    std::map<std::string, std::string> family_versions;
 };
 
 // The libraries that shape and paint text, with their versions.

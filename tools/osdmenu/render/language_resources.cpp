@@ -1,6 +1,5 @@
 #include "render/language_resources.h"
 
-#include <algorithm>
 #include <cstring>
 
 #include "common/text.h"
@@ -8,9 +7,6 @@
 
 namespace
 {
-
-// The symbols that a bank must have: up, pointer (also right), down, left.
-constexpr int SYMBOLS_NEEDED = 4;
 
 struct Writer {
     const LanguageJob &job;
@@ -41,9 +37,9 @@ struct Writer {
     void glyphs();
 
   private:
-    std::string described(const std::string &words, const Place &place);
-    Picture row_picture(const Row &row, const std::string &words);
-    void check_width(const Row &row, const Picture &view, const std::vector<Picture> &choices);
+    Picture picture(const Text &text, const std::string &name, Style style, const Wording &wording);
+    void described(const char *name, const Wording &wording, const Text &text, const std::string &subject);
+    void choices(const Item &item);
 };
 
 } // namespace
@@ -65,53 +61,59 @@ static void describe(osdmenu_view_bitmap &block, const Picture &picture, PixelFo
     block.stride = picture.stride;
 }
 
-std::string Writer::described(const std::string &words, const Place &place)
+// What rendering found goes out with the name and the language that only this file knows.
+Picture Writer::picture(const Text &text, const std::string &name, Style style, const Wording &wording)
 {
-    std::string result = cut_utf8(words, MAX_TEXT);
-    if (result.size() < words.size())
-        job.findings.warning(place,
-                             "the description is cut at " + std::to_string(result.size()) + " of " +
-                                 std::to_string(words.size()) + " bytes in " + job.language,
-                             "its picture is whole");
-    return result;
+    style.width = wording.width;
+    Rendered rendered = job.renderer.text(wording.words, style);
+    if (!rendered.missing.empty())
+        job.findings.add({text.place, "missing-character",
+                          "no font has " + joined(rendered.missing, " ") + " of " + in_quotes(wording.words),
+                          "add a font that has it to 'fonts'", name, job.language});
+    if (rendered.is_cut)
+        job.findings.add({text.place, "ink-cut",
+                          in_quotes(wording.words) + " stands above or below its line and is cut",
+                          "choose a smaller 'percent' for its font", name, job.language});
+    return rendered.picture;
+}
+
+// The description beside a picture, for hosts that print it.
+void Writer::described(const char *name, const Wording &wording, const Text &text, const std::string &subject)
+{
+    std::string words = cut_utf8(wording.words, MAX_TEXT);
+    if (words.size() < wording.words.size())
+        job.findings.add({text.place, "description-cut",
+                          "the description is cut at " + std::to_string(words.size()) + " of " +
+                              std::to_string(wording.words.size()) + " bytes in " + job.language,
+                          "its picture is whole", subject, job.language});
+    string(name, words);
 }
 
 // The mark behind the text tells rows with a page of their own from the others.
-Picture Writer::row_picture(const Row &row, const std::string &words)
+static Style row_style(const Item &item, const Colours &colours)
 {
-    const Colours &colours = job.menu.colours;
-    Style style{row.item->muted ? colours.muted : colours.text};
-    if (row.item->is_title()) {
+    Style style{item.muted ? colours.disabled : colours.text};
+    if (item.is_title()) {
         style.colour = colours.title;
         style.bold = true;
     }
-    if (!row.item->items.empty())
+    if (!item.items.empty())
         style.suffix = "  \u203A";
-    return job.renderer.text(words, style, row.item->text.place, job.findings);
+    return style;
 }
 
-// A block past the right edge goes on in the next row of pixels, and one past the value column is painted over.
-void Writer::check_width(const Row &row, const Picture &view, const std::vector<Picture> &choices)
+// A free text is the host's, the same in every language.
+void Writer::choices(const Item &item)
 {
-    int column =
-        job.configuration.value_column(job.menu, job.language, page_key(job.rows, row), job.geometry.value_column);
-    int end = job.geometry.item_column + static_cast<int>(view.width / 2);
-    const Text &text = row.item->text;
-    if (row.item->value_type != VALUE_NONE && end > column)
-        job.findings.warning(text.place,
-                             in_quotes(text.words) + " runs " + std::to_string(end - column) +
-                                 " pixels into the value column in " + job.language,
-                             "shorten it, or move the column with 'value_offset_x' in osd_menu.json");
-    else if (end > job.geometry.view_width)
-        job.findings.warning(text.place, in_quotes(text.words) + " runs " +
-                                             std::to_string(end - job.geometry.view_width) +
-                                             " pixels off the view in " + job.language);
-    for (size_t i = 0; i < choices.size(); i++) {
-        int over = column + static_cast<int>(choices[i].width / 2) - job.geometry.view_width;
-        const Text &choice = row.item->choices[i];
-        if (over > 0)
-            job.findings.warning(choice.place, in_quotes(choice.words) + " runs " + std::to_string(over) +
-                                                   " pixels off the view in " + job.language);
+    for (const Text &choice : item.choices) {
+        Wording wording = item.free_text ? Wording{choice.words} : job.wordings(choice, item.name);
+        Picture chosen = picture(choice, item.name, {job.project.menu.colours.value}, wording);
+        osdmenu_item_value image = zeroed<osdmenu_item_value>();
+        image.type = VALUE_TXT;
+        describe(image.u.txt.viewbitmap, chosen, job.project.menu.display.pixel_format);
+        record("m.d", image);
+        described("b.d", wording, choice, item.name);
+        pixels("b.d", chosen);
     }
 }
 
@@ -119,12 +121,11 @@ void Writer::check_width(const Row &row, const Picture &view, const std::vector<
 void Writer::row(const Row &row)
 {
     const Item &item = *row.item;
-    const PixelFormat format = job.menu.display.pixel_format;
-    const std::string &words = job.translations.of(item.text, item.name, job.findings);
-    Picture view = row_picture(row, words);
+    Wording wording = job.wordings(item.text, item.name);
+    Picture view = picture(item.text, item.name, row_style(item, job.project.menu.colours), wording);
     osdmenu_item image = zeroed<osdmenu_item>();
     std::memcpy(image.position.levels, row.levels, sizeof row.levels);
-    describe(image.view.viewbitmap, view, format);
+    describe(image.view.viewbitmap, view, job.project.menu.display.pixel_format);
     image.item_values.type = item.value_type;
     image.item_values.current = item.current;
     if (item.value_type == VALUE_NUMBER || item.value_type == VALUE_PERCENTAGE)
@@ -135,68 +136,59 @@ void Writer::row(const Row &row)
         std::memcpy(&image.item_values.u, &count, sizeof count);
     record("m.d", image);
     string("b.d", item.name);
-    string("b.d", described(words, item.text.place));
+    described("b.d", wording, item.text, item.name);
     pixels("b.d", view);
-
-    std::vector<Picture> choices;
-    for (const Text &choice : item.choices) {
-        const std::string &chosen =
-            item.free_text ? choice.words : job.translations.of(choice, item.name, job.findings);
-        choices.push_back(job.renderer.text(chosen, {job.menu.colours.value}, choice.place, job.findings));
-        osdmenu_item_value choice_image = zeroed<osdmenu_item_value>();
-        choice_image.type = VALUE_TXT;
-        describe(choice_image.u.txt.viewbitmap, choices.back(), format);
-        record("m.d", choice_image);
-        string("b.d", described(chosen, choice.place));
-        pixels("b.d", choices.back());
-    }
-    check_width(row, view, choices);
+    choices(item);
 }
 
 void Writer::line(const Line &line, Style style, bool is_bubble)
 {
-    const std::string &words = job.translations.of(line.text, line.name, job.findings);
+    Wording wording = job.wordings(line.text, line.name);
     style.indent = line.indent;
-    Picture picture = job.renderer.text(words, style, line.text.place, job.findings);
-    if (static_cast<int>(picture.width / 2) > job.geometry.view_width)
-        job.findings.warning(line.text.place,
-                             in_quotes(line.text.words) + " is wider than the view in " + job.language);
+    Picture view = picture(line.text, line.name, style, wording);
     osdbubbleline image = zeroed<osdbubbleline>();
-    describe(image.viewbitmap, picture, job.menu.display.pixel_format);
+    describe(image.viewbitmap, view, job.project.menu.display.pixel_format);
     image.level = line.level;
     // A help line's record is a bubble line's without the level and what follows it.
     size_t size = is_bubble ? sizeof(osdbubbleline) : sizeof(osdhelpline);
     const char *data = is_bubble ? "bb.d" : "hb.d";
     file(is_bubble ? "bm.d" : "hm.d").append(reinterpret_cast<const char *>(&image), size);
     string(data, line.name);
-    string(data, described(words, line.text.place));
-    pixels(data, picture);
+    described(data, wording, line.text, line.name);
+    pixels(data, view);
 }
 
 void Writer::glyphs()
 {
     auto block = [&](const char *name, const Picture &picture) {
         osdmenu_view_bitmap image = zeroed<osdmenu_view_bitmap>();
-        describe(image, picture, job.menu.display.pixel_format);
+        describe(image, picture, job.project.menu.display.pixel_format);
         record(name, image);
         pixels(name, picture);
     };
+    const Symbols &symbols = job.project.menu.symbols;
     for (int i = 0; i < GLYPH_COUNT; i++)
         block("c.d", job.renderer.glyph(osdmenu_common_char[i]));
-    for (int i = 0; i < SYMBOLS_NEEDED; i++)
-        block("s.d", job.renderer.symbol(i));
+    Style style{job.project.menu.colours.pointer};
+    for (size_t i = 0; i < symbols.marks.size(); i++)
+        block("s.d", symbols.marks[i].words.empty()
+                         ? job.renderer.triangle(static_cast<int>(i))
+                         : picture(symbols.marks[i], "symbols", style, {symbols.marks[i].words}));
+    for (const Text &symbol : symbols.more)
+        block("s.d", picture(symbol, "symbols", style, {symbol.words}));
 }
 
 // A pair without a record is still a pair: the loader opens both files.
 Files make_language_resources(const LanguageJob &job)
 {
+    const Menu &menu = job.project.menu;
     Writer writer{job, {{"m.d", ""}, {"b.d", ""}, {"hm.d", ""}, {"hb.d", ""}, {"bm.d", ""}, {"bb.d", ""}}};
-    for (const Row &row : job.rows)
+    for (const Row &row : job.project.rows)
         writer.row(row);
-    for (const Line &line : job.menu.help_lines)
-        writer.line(line, {job.menu.colours.help, false, 0, job.menu.display.help_percent}, false);
-    for (const Line &line : job.menu.bubbles)
-        writer.line(line, {job.menu.colours.bubble}, true);
+    for (const Line &line : menu.help_lines)
+        writer.line(line, {.colour = menu.colours.help, .percent = menu.display.help_percent}, false);
+    for (const Line &line : menu.bubbles)
+        writer.line(line, {menu.colours.bubble}, true);
     writer.glyphs();
     return writer.files;
 }

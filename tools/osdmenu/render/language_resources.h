@@ -1,23 +1,28 @@
 // The eight resource files of one language, in memory.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <string>
 
-#include "menu/configuration.h"
-#include "menu/rows.h"
-#include "menu/translations.h"
+#include "menu/project.h"
 #include "render/renderer.h"
 
 using Files = std::map<std::string, std::string>; // content by name
 
+// What stands for a text of the menu: its words, and the pixels that their picture must fill, or 0.
+struct Wording {
+    std::string words;
+    int width = 0;
+};
+
+// By the text and the name of its item or line.
+using Wordings = std::function<Wording(const Text &text, const std::string &name)>;
+
 struct LanguageJob {
-    const Menu &menu;
-    const std::vector<Row> &rows;
-    const Configuration &configuration;
-    const Geometry &geometry;
+    const Project &project;
     const Renderer &renderer;
-    const Translations &translations;
+    const Wordings &wordings;
     const std::string &language;
     Findings &findings;
 };

@@ -35,35 +35,59 @@ std::string colour_text(const Colour &colour)
     return std::string(text, colour.alpha == 255 ? 7 : 9);
 }
 
+static constexpr std::pair<const char *, PixelFormat> formats[] = {
+    {"ARGB1555", PixelFormat::argb1555},
+    {"ARGB4444", PixelFormat::argb4444},
+    {"RGB565", PixelFormat::rgb565},
+};
+
 std::optional<PixelFormat> parse_pixel_format(const std::string &name)
 {
-    if (name == "ARGB1555")
-        return PixelFormat::argb1555;
-    if (name == "RGB565")
-        return PixelFormat::rgb565;
+    for (const auto &[known, format] : formats)
+        if (name == known)
+            return format;
     return std::nullopt;
 }
 
 std::string pixel_format_name(PixelFormat format)
 {
-    return format == PixelFormat::argb1555 ? "ARGB1555" : "RGB565";
+    for (const auto &[name, known] : formats)
+        if (format == known)
+            return name;
+    return {};
 }
 
 uint16_t pack(PixelFormat format, const Colour &colour)
 {
-    unsigned int blue = narrowed(colour.blue, 5);
-    if (format == PixelFormat::rgb565)
-        return static_cast<uint16_t>(narrowed(colour.red, 5) << 11 | narrowed(colour.green, 6) << 5 | blue);
+    auto part = [](uint8_t value, unsigned int bits, int shift) { return narrowed(value, bits) << shift; };
+    switch (format) {
+    case PixelFormat::rgb565:
+        return static_cast<uint16_t>(part(colour.red, 5, 11) | part(colour.green, 6, 5) | part(colour.blue, 5, 0));
+    case PixelFormat::argb4444:
+        return static_cast<uint16_t>(part(colour.alpha, 4, 12) | part(colour.red, 4, 8) | part(colour.green, 4, 4) |
+                                     part(colour.blue, 4, 0));
+    case PixelFormat::argb1555:
+        break;
+    }
     unsigned int alpha = colour.alpha ? 0x8000 : 0;
-    return static_cast<uint16_t>(alpha | narrowed(colour.red, 5) << 10 | narrowed(colour.green, 5) << 5 | blue);
+    return static_cast<uint16_t>(alpha | part(colour.red, 5, 10) | part(colour.green, 5, 5) | part(colour.blue, 5, 0));
 }
 
 Colour unpack(PixelFormat format, uint16_t pixel)
 {
-    if (format == PixelFormat::rgb565)
-        return {widened(pixel >> 11u, 5), widened(pixel >> 5u, 6), widened(pixel, 5), 255};
+    auto part = [pixel](unsigned int bits, int shift) {
+        return widened(static_cast<unsigned int>(pixel) >> shift, bits);
+    };
+    switch (format) {
+    case PixelFormat::rgb565:
+        return {part(5, 11), part(6, 5), part(5, 0), 255};
+    case PixelFormat::argb4444:
+        return {part(4, 8), part(4, 4), part(4, 0), part(4, 12)};
+    case PixelFormat::argb1555:
+        break;
+    }
     uint8_t alpha = pixel & 0x8000 ? 255 : 0;
-    return {widened(pixel >> 10u, 5), widened(pixel >> 5u, 5), widened(pixel, 5), alpha};
+    return {part(5, 10), part(5, 5), part(5, 0), alpha};
 }
 
 int32_t fill_word(PixelFormat format, const Colour &background)

@@ -1,4 +1,4 @@
-// Colours and the two pixel formats of the view buffer, 16 bits a pixel.
+// Colours and the three pixel formats of the view buffer, 16 bits a pixel.
 #pragma once
 
 #include <cstdint>
@@ -16,7 +16,7 @@ struct Colour {
 };
 
 // The numbers are the codes that stand in the resource files.
-enum class PixelFormat : unsigned int { argb1555 = 0, rgb565 = 1 };
+enum class PixelFormat : unsigned int { argb1555 = 0, rgb565 = 1, argb4444 = 2 };
 
 // One block of pixels as the resource files hold it. Sizes as in osdmenu_view_bitmap: `width` and `stride` are bytes.
 struct Picture {
@@ -33,7 +33,7 @@ std::string colour_text(const Colour &colour);
 std::optional<PixelFormat> parse_pixel_format(const std::string &name);
 std::string pixel_format_name(PixelFormat format);
 
-// One alpha bit: any alpha but 0 counts as opaque. RGB565 has none, all its pixels are opaque.
+// With one alpha bit any alpha but 0 counts as opaque. RGB565 has none, all its pixels are opaque.
 uint16_t pack(PixelFormat format, const Colour &colour);
 Colour unpack(PixelFormat format, uint16_t pixel);
 

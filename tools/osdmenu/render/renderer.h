@@ -10,7 +10,14 @@ struct Style {
     bool bold = false;
     int indent = 0;          // blank pixels in front
     int percent = 100;       // of the usual text size
-    std::string suffix = {}; // after the text, in the muted colour
+    std::string suffix = {}; // after the text, in the colour of disabled rows
+    int width = 0;           // pixels that the picture must fill, by stretching; 0 as wide as the ink
+};
+
+struct Rendered {
+    Picture picture;
+    std::vector<std::string> missing = {}; // characters that no font has
+    bool is_cut = false;                   // ink above or below the line
 };
 
 class Renderer
@@ -18,15 +25,18 @@ class Renderer
   public:
     Renderer(const Menu &menu, const Geometry &geometry, const Fonts &fonts, const std::string &language);
 
-    // What the fonts don't hold, or what stands above or below the line, is told at the text's place.
-    Picture text(const std::string &words, const Style &style, const Place &place, Findings &findings) const;
+    Rendered text(const std::string &words, const Style &style) const;
     Picture glyph(char character) const;
-    Picture symbol(int index) const;
+
+    // As symbol `index` of the four that pages and help lines paint.
+    Picture triangle(int index) const;
 
   private:
     struct Canvas;
 
+    Colour canvas_background() const;
     Picture picture_of(const Canvas &canvas) const;
+    void paint(const Canvas &canvas, PangoLayoutLine *line, double x, double y, const Colour &colour) const;
     int baseline(int percent = 100) const;
 
     const Menu &menu;

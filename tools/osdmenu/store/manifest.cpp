@@ -1,7 +1,7 @@
 #include "store/manifest.h"
 
 #include "common/text.h"
-#include "menu/geometry.h"
+#include "render/fonts.h"
 
 static void add_texts(cJSON *object, const char *key, const std::map<std::string, std::string> &texts)
 {
@@ -22,15 +22,28 @@ static std::map<std::string, std::string> opening_rows(const Menu &menu, const s
     return result;
 }
 
-std::string manifest_text(const Menu &menu, const std::vector<Row> &rows, const Display &display,
-                          const std::map<std::string, std::string> &font_versions)
+static void add_records(cJSON *object, const std::map<std::string, LanguageRecord> &records)
 {
+    cJSON *inner = cJSON_AddObjectToObject(object, "digests");
+    for (const auto &[language, record] : records) {
+        cJSON *entry = cJSON_AddObjectToObject(inner, language.c_str());
+        cJSON_AddStringToObject(entry, "inputs", record.inputs.c_str());
+        cJSON_AddStringToObject(entry, "files", record.files.c_str());
+    }
+}
+
+std::string manifest_text(const Project &project, const std::map<std::string, std::string> &font_versions,
+                          const std::map<std::string, LanguageRecord> &records)
+{
+    const Menu &menu = project.menu;
+    const std::vector<Row> &rows = project.rows;
     Json root(cJSON_CreateObject());
-    cJSON_AddNumberToObject(root.get(), "burst", display.burst);
-    cJSON_AddNumberToObject(root.get(), "font_size", display.font_size);
-    cJSON_AddNumberToObject(root.get(), "width", display.width);
-    cJSON_AddNumberToObject(root.get(), "height", display.height);
-    cJSON_AddStringToObject(root.get(), "pixel_format", pixel_format_name(display.pixel_format).c_str());
+    cJSON_AddNumberToObject(root.get(), "burst", menu.display.burst);
+    cJSON_AddNumberToObject(root.get(), "font_size", menu.display.font_size);
+    // A host needs the sizes that hold, also where the menu left them to burst.
+    cJSON_AddNumberToObject(root.get(), "width", project.geometry.view_width);
+    cJSON_AddNumberToObject(root.get(), "height", project.geometry.view_height);
+    cJSON_AddStringToObject(root.get(), "pixel_format", pixel_format_name(menu.display.pixel_format).c_str());
     cJSON_AddStringToObject(root.get(), "background", colour_text(menu.colours.background).c_str());
     cJSON_AddStringToObject(root.get(), "device_directory", menu.device_directory.c_str());
     cJSON *languages = cJSON_AddArrayToObject(root.get(), "languages");
@@ -45,6 +58,7 @@ std::string manifest_text(const Menu &menu, const std::vector<Row> &rows, const 
     add_texts(root.get(), "opens_on", opening_rows(menu, rows));
     add_texts(root.get(), "fonts", font_versions);
     add_texts(root.get(), "shaped_by", shaping_versions());
+    add_records(root.get(), records);
     return json_text(root.get());
 }
 
@@ -69,8 +83,10 @@ Manifest read_manifest(const std::string &directory, Findings &findings)
     std::optional<std::string> content = read_file(path);
     Json root(cJSON_Parse(content.value_or("").c_str()));
     if (!cJSON_IsObject(root.get()))
-        findings.warning({path}, content ? "is no JSON object" : "there is no such file",
-                         "taking burst 2, font size 30 and pixel format ARGB1555");
+        findings.add({{path},
+                      "no-manifest",
+                      content ? "is no JSON object" : "there is no such file",
+                      "taking burst 2, font size 30 and pixel format ARGB1555"});
     take_number(root.get(), "burst", 1, 8, manifest.display.burst);
     take_number(root.get(), "font_size", 8, 400, manifest.display.font_size);
     take_number(root.get(), "width", 16, 8192, manifest.display.width);
@@ -85,5 +101,7 @@ Manifest read_manifest(const std::string &directory, Findings &findings)
         manifest.languages.push_back(entry->valuestring);
     cJSON_ArrayForEach(entry, cJSON_GetObjectItemCaseSensitive(root.get(), "free_texts")) if (cJSON_IsString(entry))
         manifest.free_texts[entry->string] = entry->valuestring;
+    cJSON_ArrayForEach(entry, cJSON_GetObjectItemCaseSensitive(root.get(), "digests"))
+        manifest.records[entry->string] = {text_of(entry, "inputs"), text_of(entry, "files")};
     return manifest;
 }

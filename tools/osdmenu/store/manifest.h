@@ -4,9 +4,13 @@
 #include <map>
 #include <string>
 
-#include "menu/configuration.h"
-#include "menu/menu_model.h"
-#include "render/fonts.h"
+#include "menu/project.h"
+
+// What a language was made from and what came out, as digests.
+struct LanguageRecord {
+    std::string inputs;
+    std::string files;
+};
 
 struct Manifest {
     Display display; // width and height are always set
@@ -15,10 +19,11 @@ struct Manifest {
     std::vector<std::string> languages;            // in the order of the menu
     std::string accessory;                         // name of the accessory
     std::map<std::string, std::string> free_texts; // texts that the host puts in at run time, by item
+    std::map<std::string, LanguageRecord> records; // by language
 };
 
-std::string manifest_text(const Menu &menu, const std::vector<Row> &rows, const Display &display,
-                          const std::map<std::string, std::string> &font_versions);
+std::string manifest_text(const Project &project, const std::map<std::string, std::string> &font_versions,
+                          const std::map<std::string, LanguageRecord> &records);
 
 // Reads menu.json of a directory. Without one the defaults hold, and a warning goes to the findings.
 Manifest read_manifest(const std::string &directory, Findings &findings);

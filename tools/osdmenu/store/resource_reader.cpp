@@ -22,9 +22,9 @@ struct FaultFound {
 class Cursor
 {
   public:
-    Cursor(const std::string &directory, const std::string &name) : file(directory + name)
+    Cursor(const FileSource &source, const std::string &name) : file(name)
     {
-        std::optional<std::string> found = read_file(file);
+        std::optional<std::string> found = source(name);
         if (!found)
             fail("there is no such file, or it cannot be read");
         content = *found;
@@ -149,9 +149,9 @@ static ReadItem read_item(Cursor &meta, Cursor &data, size_t number)
     return item;
 }
 
-static void read_items(const std::string &directory, Resources &resources)
+static void read_items(const FileSource &source, Resources &resources)
 {
-    Cursor meta(directory, "m.d"), data(directory, "b.d");
+    Cursor meta(source, "m.d"), data(source, "b.d");
     while (!meta.at_end())
         resources.items.push_back(read_item(meta, data, resources.items.size()));
     data.expect_end("item");
@@ -168,10 +168,10 @@ static ReadPicture read_line_picture(Cursor &data, const osdmenu_view_bitmap &si
 }
 
 template <class Record>
-static void read_lines(const std::string &directory, const char *meta_name, const char *data_name,
+static void read_lines(const FileSource &source, const char *meta_name, const char *data_name,
                        std::vector<ReadLine> &lines)
 {
-    Cursor meta(directory, meta_name), data(directory, data_name);
+    Cursor meta(source, meta_name), data(source, data_name);
     while (!meta.at_end()) {
         std::string what = "line " + std::to_string(lines.size());
         auto image = meta.record<Record>(what);
@@ -199,24 +199,37 @@ static void read_bank(Cursor &file, std::vector<ReadPicture> &bank, size_t most,
     file.expect_end(kind);
 }
 
-static void read_glyphs(const std::string &directory, Resources &resources)
+static void read_glyphs(const FileSource &source, Resources &resources)
 {
-    Cursor file(directory, "c.d");
+    Cursor file(source, "c.d");
     read_bank(file, resources.glyphs, GLYPH_COUNT, "glyph");
     if (resources.glyphs.size() < GLYPH_COUNT)
         file.fail("there are " + std::to_string(resources.glyphs.size()) + " glyphs of " + std::to_string(GLYPH_COUNT));
 }
 
 // One symbol more than the most, and the device reports a failed load.
-static void read_symbols(const std::string &directory, Resources &resources)
+static void read_symbols(const FileSource &source, Resources &resources)
 {
-    Cursor file(directory, "s.d");
+    Cursor file(source, "s.d");
     read_bank(file, resources.symbols, MAX_SYMBOLS, "symbol");
     if (resources.symbols.size() < MIN_SYMBOLS)
         file.fail("there are " + std::to_string(resources.symbols.size()) + " symbols of at least 4");
 }
 
-Resources read_resources(const std::string &directory)
+FileSource files_of_directory(const std::string &directory)
+{
+    return [directory](const std::string &name) { return read_file(directory + "/" + name); };
+}
+
+FileSource files_in_memory(const std::map<std::string, std::string> &files)
+{
+    return [&files](const std::string &name) {
+        auto found = files.find(name);
+        return found == files.end() ? std::nullopt : std::optional(found->second);
+    };
+}
+
+Resources read_resources(const FileSource &source)
 {
     Resources resources;
     // A fault ends its own pair only: the other files are in step with nothing but themselves.
@@ -227,10 +240,10 @@ Resources read_resources(const std::string &directory)
             resources.faults.push_back(found.fault);
         }
     };
-    keep_fault([&] { read_items(directory, resources); });
-    keep_fault([&] { read_lines<osdhelpline>(directory, "hm.d", "hb.d", resources.help_lines); });
-    keep_fault([&] { read_lines<osdbubbleline>(directory, "bm.d", "bb.d", resources.bubbles); });
-    keep_fault([&] { read_glyphs(directory, resources); });
-    keep_fault([&] { read_symbols(directory, resources); });
+    keep_fault([&] { read_items(source, resources); });
+    keep_fault([&] { read_lines<osdhelpline>(source, "hm.d", "hb.d", resources.help_lines); });
+    keep_fault([&] { read_lines<osdbubbleline>(source, "bm.d", "bb.d", resources.bubbles); });
+    keep_fault([&] { read_glyphs(source, resources); });
+    keep_fault([&] { read_symbols(source, resources); });
     return resources;
 }

@@ -2,7 +2,9 @@
 // what is wrong with a directory must be found before it is asked.
 #pragma once
 
-#include <array>
+#include <functional>
+#include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -38,8 +40,8 @@ struct ReadLine {
 };
 
 struct Fault {
-    std::string file;
-    size_t offset; // bytes from the start of the file
+    std::string file; // bare name
+    size_t offset;    // bytes from the start of the file
     std::string text;
 };
 
@@ -52,6 +54,11 @@ struct Resources {
     std::vector<Fault> faults;
 };
 
-// `directory` ends in a slash, as the library takes it. After a fault the rest of that pair of files is left unread,
-// since its records are out of step.
-Resources read_resources(const std::string &directory);
+// The content of a file by its bare name, or nothing when there is none.
+using FileSource = std::function<std::optional<std::string>(const std::string &name)>;
+
+FileSource files_of_directory(const std::string &directory);
+FileSource files_in_memory(const std::map<std::string, std::string> &files);
+
+// After a fault the rest of that pair of files is left unread, since its records are out of step.
+Resources read_resources(const FileSource &source);

@@ -1,0 +1,15 @@
+// The subcommands. Each adds itself to the command line; once that is parsed, `run` is what it asks for and gives the
+// exit status.
+#pragma once
+
+#include <functional>
+
+#include <CLI/CLI.hpp>
+
+using Run = std::function<int()>;
+
+inline constexpr int STATUS_CLEAN = 0, STATUS_FINDINGS = 1, STATUS_USAGE = 2;
+inline constexpr int STATUS_UNCHECKED = 2; // of `check`: it could not judge
+
+void add_build(CLI::App &app, Run &run);
+void add_shot(CLI::App &app, Run &run);

@@ -1,0 +1,40 @@
+#include "menu/rooms.h"
+
+#include <algorithm>
+
+static int value_column(const Project &project, const std::string &language, const Row &row)
+{
+    return project.configuration.value_column(project.menu, language, page_key(project.rows, row),
+                                              project.geometry.value_column);
+}
+
+int room_of_text(const Project &project, const std::string &language, const Row &row)
+{
+    const Geometry &geometry = project.geometry;
+    int end = row.item->value_type == VALUE_NONE ? geometry.view_width : value_column(project, language, row);
+    return std::min(end, geometry.view_width) - geometry.item_column;
+}
+
+int room_of_choice(const Project &project, const std::string &language, const Row &row)
+{
+    return project.geometry.view_width - value_column(project, language, row);
+}
+
+// The layouts of the help block put some texts side by side: the second begins nine text heights from the edge.
+int room_of_help_line(const Project &project, const Line &line)
+{
+    int f = project.geometry.line_height, t = f * 3 / 4, width = project.geometry.view_width;
+    if (line.name == "select")
+        return 9 * f - (2 * f + t);
+    if (line.name == "change")
+        return width - (10 * f + t);
+    if (line.name == "enter")
+        return 9 * f - t;
+    return width - (line.name == "menu" ? 9 * f : t);
+}
+
+// The first composer has the smallest room: lines of 1100 pixels behind a margin of 100.
+int room_of_bubble(const Project &project)
+{
+    return std::min(1100 - 100, project.geometry.view_width);
+}

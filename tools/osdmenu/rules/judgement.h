@@ -1,0 +1,14 @@
+// A menu read, rendered and held against every rule: what `build` and `check` both begin with.
+#pragma once
+
+#include "render/languages.h"
+
+struct Judged {
+    std::unique_ptr<Project> project; // null when the menu can't be read
+    LanguageFonts fonts;
+    std::vector<RenderedLanguage> languages; // none when a file or a font can't be read
+};
+
+// The findings are settled as the menu asks.
+Judged judge_menu(const std::string &path, const EarlierFiles &earlier, const ShowProgress &progress,
+                  Findings &findings);
