@@ -53,11 +53,11 @@ static void check_mark(const Row &row, Findings &findings)
     if (item.enabled || row.depth < 2)
         return;
     if (row.depth == 3)
-        findings.add({item.place, "disabled-at-depth",
+        findings.add({item.place, "mark-collision",
                       in_quotes(item.name) + " lies at depth 3, where a row cannot start disabled",
                       "its coordinate stands where the mark would; let the host disable it after loading", item.name});
     else
-        findings.add({item.place, "mark-collision",
+        findings.add({item.place, "disabled-at-depth",
                       in_quotes(item.name) + " starts disabled at depth 2: its mark reads as a coordinate",
                       "the row keeps its place; the library logs 'list_add err' for it once per load", item.name});
 }

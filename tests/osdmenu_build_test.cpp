@@ -1,54 +1,15 @@
-// The command-line tool, run as a person runs it: menus in, resource files, pictures and findings out.
+// From menus to resource files and pictures.
 #include <cstring>
-#include <filesystem>
-#include <fstream>
-#include <gtest/gtest.h>
-#include <unistd.h>
 
-#include "../device/osd_menu/osd_menu.h"
+#include "osd_menu.h"
+#include "support/tool.h"
 
-namespace fs = std::filesystem;
-
-static std::string read(const fs::path &path)
-{
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-}
-
-// A menu around its items, for one language.
-static std::string menu(const std::string &items, const std::string &more = "", const std::string &font = "DejaVu Sans")
-{
-    return "device_directory: /res/\nlanguages: [en]\nfonts: [{family: " + font + ", package: fonts-dejavu-core}]\n" +
-           more + "items:\n  - {name: title, text: T}\n" + items;
-}
 static const std::string one_item = "  - {name: a, text: A}\n";
 
-struct Tool : testing::Test {
-    const fs::path dir = fs::temp_directory_path() / ("osdmenu-" + std::to_string(getpid()));
-    std::string out, err;
-
-    Tool()
+struct Build : Tool {
+    Build()
     {
-        fs::create_directories(dir / "m/po");
         run("osdmenu build " SAMPLE_MENU_DIR "/menu.yaml -o sample");
-    }
-    ~Tool() override
-    {
-        fs::remove_all(dir);
-    }
-
-    int run(const std::string &commands)
-    {
-        const std::string script = "exec >out.txt 2>err.txt; osdmenu() { " OSDMENU_TOOL " \"$@\"; }; " + commands;
-        const int status = std::system(("cd '" + dir.string() + "'; " + script).c_str());
-        out = read(dir / "out.txt");
-        err = read(dir / "err.txt");
-        return WEXITSTATUS(status);
-    }
-    int build(const std::string &content)
-    {
-        std::ofstream(dir / "m/menu.yaml") << content;
-        return run("osdmenu build m/menu.yaml -o made");
     }
     osdmenu_item item(size_t offset)
     {
@@ -58,14 +19,14 @@ struct Tool : testing::Test {
     }
 };
 
-TEST_F(Tool, TheSampleMenuCompilesWithoutAFindingAndAlwaysToTheSameBytes)
+TEST_F(Build, TheSampleMenuCompilesWithoutAFindingAndAlwaysToTheSameBytes)
 {
     const std::string again = "osdmenu build " SAMPLE_MENU_DIR "/menu.yaml -o again >made.txt; ";
     EXPECT_EQ(run(again + "diff -r again sample && ls again/*/*.d | wc -l"), 0);
     EXPECT_EQ(out + err, "16\n");
 }
 
-TEST_F(Tool, ItemsAreWrittenBreadthFirstWithTheirValuesMarksAndTexts)
+TEST_F(Build, ItemsAreWrittenBreadthFirstWithTheirValuesMarksAndTexts)
 {
     std::string words = "xx\u00e4", content = menu(R"(
   - {name: a, text: "Yes", items: [{name: a-title, text: A}, {name: n, text: N, number: {low: -3, high: 9, step: 2}}]}
@@ -76,7 +37,6 @@ TEST_F(Tool, ItemsAreWrittenBreadthFirstWithTheirValuesMarksAndTexts)
     std::ofstream(dir / "m/po/de.po") << "msgid \"\"\nmsgstr \"Content-Type: text/plain; charset=UTF-8\\n\"\n"
                                          "msgid \"Yes\"\nmsgstr \"Ja\"\n#, fuzzy\nmsgid \"No\"\nmsgstr \"Nein\"\n";
     EXPECT_EQ(build(content.replace(content.find("[en]"), 4, "[en, de]") + words + "}\n"), 0);
-    EXPECT_NE(err.find("m/menu.yaml:8:21: warning: 'No' is not translated in m/po/de.po"), std::string::npos) << err;
     EXPECT_NE(err.find("cut at 126 of 256 bytes in en"), std::string::npos) << err;
     const std::string data = read(dir / "made/de/b.d");
     EXPECT_NE(data.find(std::string("a\0Ja\0", 5)), std::string::npos);
@@ -91,7 +51,7 @@ TEST_F(Tool, ItemsAreWrittenBreadthFirstWithTheirValuesMarksAndTexts)
 }
 
 // White on blue: an edge blended with anything but the background would be darker than it in some channel.
-TEST_F(Tool, EdgesAreBlendedWithTheBackgroundThatTheDeviceFills)
+TEST_F(Build, EdgesAreBlendedWithTheBackgroundThatTheDeviceFills)
 {
     ASSERT_EQ(build(menu("  - {name: b, text: WAX}\n", "colours: {background: \"#0000ff\", title: \"#ffffff\"}\n")), 0);
     EXPECT_NE(read(dir / "made/conf_backup/osd_menu.json").find("-2145419233"), std::string::npos); // 0x801f801f
@@ -106,11 +66,12 @@ TEST_F(Tool, EdgesAreBlendedWithTheBackgroundThatTheDeviceFills)
     EXPECT_GT(edges, 10);
 }
 
-TEST_F(Tool, AllFindingsComeInOneRunSortedByPlaceAndKeepTheOldOutput)
+TEST_F(Build, AllFindingsComeInOneRunSortedByPlaceAndKeepTheOldOutput)
 {
     ASSERT_EQ(build(menu(one_item)), 0);
     build(menu("  - {name: a, text: A, number: {low: 0, high: 3, step: 0}}\n  - {name: a, text: A, frob: 1}\n"));
-    const size_t step = err.find("m/menu.yaml:6:56: error: 'step' must be above 0 (found 0)\n    6 |   - {name: a");
+    const size_t step =
+        err.find("m/menu.yaml:6:56: error: 'step' must be above 0 (found 0) [menu-file]\n    6 |   - {name: a");
     const size_t taken = err.find("m/menu.yaml:7:12: error: 'a' is taken already, in line 6");
     const size_t key = err.find("m/menu.yaml:7:24: error: an item has no 'frob'");
     EXPECT_TRUE(step < taken && taken < key && key != std::string::npos) << err;
@@ -129,12 +90,12 @@ static const std::pair<std::string, std::string> findings[] = {
     {menu("  - {name: a, text: " + std::string(60, 'W') + ", choices: [x]}\n"), "into the value column in en"},
     {menu("  - {name: a, text: A, free_text: a<b}\n"), "no glyph for '<'"},
     {menu("  - {name: a, text: \"A\\0\"}\n"), "'text' holds a control character"},
-    {menu("  - {name: a, text: \u4e00}\n"), "error: the fonts lack a character"},
+    {menu("  - {name: a, text: \u4e00}\n"), "error: no font has"},
     {menu(one_item, "help_lines: [{name: menu, text: \"\"}]\n"), "'text' must not be empty"},
     {menu(one_item, "display: {burst: 1, font_size: 400}\n"), "don't fit on the view"},
     {menu(one_item, "", "Nosuch Sans"), "      |         ^\n      = install the Debian package fonts-dejavu-core"},
 };
-TEST_F(Tool, WhatTheDeviceCannotShowIsToldAndErrorsAloneFail)
+TEST_F(Build, WhatTheDeviceCannotShowIsToldAndErrorsAloneFail)
 {
     for (const auto &[content, text] : findings) {
         const int status = build(content);
@@ -162,7 +123,7 @@ static const std::string shots[][3] = {
     {"--open smartgallery_preset", "!=", "--open smartgallery_preset --keys down"},
     {"--enable aimodeselection --open aimodeselection", "!=", "--enable aimodeselection"},
 };
-TEST_F(Tool, KeysAndOptionsChangeWhatTheShotShowsAndNothingIsPrinted)
+TEST_F(Build, KeysAndOptionsChangeWhatTheShotShowsAndNothingIsPrinted)
 {
     for (const auto &[arguments, relation, others] : shots) {
         run("osdmenu shot sample/en -o 1.png " + arguments + "; osdmenu shot sample/en -o 2.png " + others);
@@ -178,7 +139,7 @@ static const std::string damages[][3] = {
     {"cut", "bb.d", "cut short"},  {"cut", "hm.d", "cut short"},   {"put 4", "c.d", "absurd size"},
     {"cut", "c.d", "cut short"},
 };
-TEST_F(Tool, DamagedResourcesAreNamedAndNotPaintedAndAMissingManifestIsWarnedOf)
+TEST_F(Build, DamagedResourcesAreNamedAndNotPaintedAndAMissingManifestIsWarnedOf)
 {
     EXPECT_EQ(run("mkdir hurt; cp -r sample/en hurt; osdmenu shot hurt/en -o p.png"), 0);
     EXPECT_NE(err.find("menu.json: warning: there is no such file"), std::string::npos) << err;
@@ -193,7 +154,7 @@ TEST_F(Tool, DamagedResourcesAreNamedAndNotPaintedAndAMissingManifestIsWarnedOf)
     }
 }
 
-TEST_F(Tool, AWrongCallIsAnotherFailureThanAFinding)
+TEST_F(Build, AWrongCallIsAnotherFailureThanAFinding)
 {
     EXPECT_EQ(run("osdmenu build"), 2);
     EXPECT_EQ(run("osdmenu shot sample/en"), 2);
