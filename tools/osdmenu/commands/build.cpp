@@ -111,15 +111,14 @@ static int run_build(const BuildOptions &options)
     Findings findings, ignored;
     // No earlier result is trusted where the question is whether it is right.
     Manifest earlier = options.verify ? Manifest() : read_manifest(options.directory, ignored);
-    Judged judged = judge_menu(
-        options.menu,
-        [&](const std::string &language, const std::string &inputs) {
-            return earlier_files(options.directory, earlier, language, inputs);
-        },
-        [&](size_t done, size_t all, const std::string &language) { show_progress(streams.err, done, all, language); },
-        findings);
-    if (options.pseudo && !judged.languages.empty())
-        judged.languages.push_back(render_pseudo_language(*judged.project, judged.fonts, judged.languages, findings));
+    JudgeOptions judging{options.menu, options.pseudo, {}, {}};
+    judging.earlier = [&](const std::string &language, const std::string &inputs) {
+        return earlier_files(options.directory, earlier, language, inputs);
+    };
+    judging.progress = [&](size_t done, size_t all, const std::string &language) {
+        show_progress(streams.err, done, all, language);
+    };
+    Judged judged = judge_menu(judging, findings);
     print_report(streams.err, findings, ReportFormat::text);
     if (findings.has_errors())
         return STATUS_FINDINGS;

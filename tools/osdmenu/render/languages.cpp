@@ -5,6 +5,7 @@
 #include <thread>
 
 #include "common/text.h"
+#include "render/pseudo.h"
 #include "store/digest.h"
 
 // Goes up with every change of the code that changes a pixel of what it makes.
@@ -59,7 +60,7 @@ class FontStore
     {
         std::string key;
         for (const FontFamily &family : families)
-            key += family.font.family + "\n";
+            key += family.font.family + joined(family.font.scripts, ",") + std::to_string(family.font.percent) + "\n";
         std::unique_ptr<Fonts> &made = fonts[key];
         if (!made)
             made = std::make_unique<Fonts>(families);
@@ -133,8 +134,13 @@ std::vector<RenderedLanguage> render_languages(const Project &project, const Lan
     return std::move(work.languages);
 }
 
-RenderedLanguage render_pseudo_language(const Project &, const LanguageFonts &, const std::vector<RenderedLanguage> &,
-                                        Findings &)
+// Rendered alone, behind all the others: it takes their widths.
+RenderedLanguage render_pseudo_language(const Project &project, const LanguageFonts &fonts,
+                                        const std::vector<RenderedLanguage> &languages, Findings &findings)
 {
-    return {};
+    Fonts made(fonts.at(project.menu.source_language));
+    RenderedLanguage result{PSEUDO_LANGUAGE};
+    result.files = render(project, result.code, made, pseudo_wordings(project, languages), findings);
+    result.resources = read_resources(files_in_memory(result.files));
+    return result;
 }

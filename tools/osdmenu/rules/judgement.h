@@ -9,6 +9,12 @@ struct Judged {
     std::vector<RenderedLanguage> languages; // none when a file or a font can't be read
 };
 
+struct JudgeOptions {
+    std::string path;
+    bool pseudo = false; // with the made-up language as well
+    EarlierFiles earlier;
+    ShowProgress progress;
+};
+
 // The findings are settled as the menu asks.
-Judged judge_menu(const std::string &path, const EarlierFiles &earlier, const ShowProgress &progress,
-                  Findings &findings);
+Judged judge_menu(const JudgeOptions &options, Findings &findings);

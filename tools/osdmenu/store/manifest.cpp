@@ -82,11 +82,11 @@ Manifest read_manifest(const std::string &directory, Findings &findings)
     std::string path = directory + "/menu.json";
     std::optional<std::string> content = read_file(path);
     Json root(cJSON_Parse(content.value_or("").c_str()));
-    if (!cJSON_IsObject(root.get()))
-        findings.add({{path},
-                      "no-manifest",
-                      content ? "is no JSON object" : "there is no such file",
-                      "taking burst 2, font size 30 and pixel format ARGB1555"});
+    if (!cJSON_IsObject(root.get())) {
+        Finding finding{Place{path}, "no-manifest", content ? "is no JSON object" : "there is no such file"};
+        finding.cure = "taking burst 2, font size 30 and pixel format ARGB1555";
+        findings.add(finding);
+    }
     take_number(root.get(), "burst", 1, 8, manifest.display.burst);
     take_number(root.get(), "font_size", 8, 400, manifest.display.font_size);
     take_number(root.get(), "width", 16, 8192, manifest.display.width);
