@@ -2,28 +2,40 @@
 #include <cstring>
 
 #include "osd_menu.h"
+#include "render/pixels.h"
+#include "store/resource_reader.h"
 #include "support/tool.h"
 
 static const std::string one_item = "  - {name: a, text: A}\n";
 
+// As PO files are, without the fields of a header that no reader here looks at.
+static std::string po(const std::string &entries)
+{
+    return "msgid \"\"\nmsgstr \"Content-Type: text/plain; charset=UTF-8\\n\"\n" + entries;
+}
+static std::string translation(const std::string &name, const std::string &from, const std::string &to)
+{
+    return "msgctxt \"" + name + "\"\nmsgid \"" + from + "\"\nmsgstr \"" + to + "\"\n";
+}
+
 struct Build : Tool {
-    Build()
-    {
-        run("osdmenu build " SAMPLE_MENU_DIR "/menu.yaml -o sample");
-    }
     osdmenu_item item(size_t offset)
     {
         osdmenu_item result;
         read(dir / "made/en/m.d").copy(reinterpret_cast<char *>(&result), sizeof result, offset);
         return result;
     }
+    Resources made(const std::string &language) const
+    {
+        return read_resources(files_of_directory(dir / "made" / language));
+    }
 };
 
 TEST_F(Build, TheSampleMenuCompilesWithoutAFindingAndAlwaysToTheSameBytes)
 {
-    const std::string again = "osdmenu build " SAMPLE_MENU_DIR "/menu.yaml -o again >made.txt; ";
-    EXPECT_EQ(run(again + "diff -r again sample && ls again/*/*.d | wc -l"), 0);
-    EXPECT_EQ(out + err, "16\n");
+    const std::string twice = "for d in one two; do osdmenu build " SAMPLE_MENU_DIR "/menu.yaml -o $d >$d.txt; done; ";
+    EXPECT_EQ(run(twice + "diff -r one two && ls one/*/*.d | wc -l"), 0);
+    EXPECT_EQ(out + err, "80\n");
 }
 
 TEST_F(Build, ItemsAreWrittenBreadthFirstWithTheirValuesMarksAndTexts)
@@ -104,63 +116,74 @@ TEST_F(Build, WhatTheDeviceCannotShowIsToldAndErrorsAloneFail)
     }
 }
 
-static const std::string shots[][3] = {
-    {"--keys down", "!=", ""},
-    {"--keys 'down up'", "==", ""},
-    {"--keys 'ok down back up'", "==", "--keys up"},
-    {"--keys 'ok ok right'", "!=", "--keys 'ok ok'"},
-    {"--helpline", "!=", ""},
-    {"--trace trace.txt --background '#ff0000'", "==", ""},
-    {"--bubble preset_saved --background '#ff0000'", "!=", "--bubble preset_saved"},
-    {"--text 'a\\nbc' --background '#ff0000'", "!=", "--text 'a\\nbc'"},
-    // The rules of UP, DOWN and OK that go to rows by their number must find the rows that are meant in the sample.
-    {"--keys 'up down'", "==", ""},
-    {"--open general --keys 'up ok'", "==", "--open peripheralinformation"},
-    {"--open general --keys 'down down down ok'", "==", "--open peripheralinformation"},
-    {"--disable peripheralinformation --open general --keys 'up down'",
-     "==", "--disable peripheralinformation --open general"},
-    {"--open information --keys 'up down down'", "==", "--open information"},
-    {"--open smartgallery_preset", "!=", "--open smartgallery_preset --keys down"},
-    {"--enable aimodeselection --open aimodeselection", "!=", "--enable aimodeselection"},
-};
-TEST_F(Build, KeysAndOptionsChangeWhatTheShotShowsAndNothingIsPrinted)
+TEST_F(Build, OnlyALanguageWhoseInputsChangedIsRenderedAgainAndDamageIsNeverKept)
 {
-    for (const auto &[arguments, relation, others] : shots) {
-        run("osdmenu shot sample/en -o 1.png " + arguments + "; osdmenu shot sample/en -o 2.png " + others);
-        EXPECT_EQ(out + err, "") << arguments;
-        EXPECT_EQ(read(dir / "1.png") == read(dir / "2.png"), relation == "==") << arguments;
-    }
-    EXPECT_NE(read(dir / "trace.txt").find("DBG_INFO:"), std::string::npos);
+    const std::string content = menu(one_item), two = "[en, de]";
+    write("m/po/de.po", po(translation("a", "A", "X")));
+    ASSERT_EQ(build(std::string(content).replace(content.find("[en]"), 4, two)), 0) << err;
+    EXPECT_NE(out.find("2 languages (0 unchanged)"), std::string::npos) << out;
+    write("m/po/de.po", po(translation("a", "A", "Y")));
+    EXPECT_EQ(run("osdmenu build m/menu.yaml -o made --verify"), 1);
+    EXPECT_EQ(out.find("made/de/b.d: differs"), 0u) << out;
+    run("osdmenu build m/menu.yaml -o made; osdmenu build m/menu.yaml -o fresh >fresh.txt; diff -r made fresh");
+    EXPECT_EQ(out.find("made: 2 languages (1 unchanged)"), 0u) << out;
+    EXPECT_EQ(out.find("diff"), std::string::npos) << out;
+    EXPECT_EQ(run("printf x >>made/en/b.d; osdmenu build m/menu.yaml -o made >again.txt; diff -r made fresh"), 0)
+        << out;
+    EXPECT_EQ(run("osdmenu build m/menu.yaml -o made --verify"), 0) << out;
 }
 
-static const std::string damages[][3] = {
-    {"rm", "m.d", "no such file"}, {"rm", "hb.d", "no such file"}, {"put 128", "m.d", "no known type of value"},
-    {"cut", "m.d", "cut short"},   {"cut", "b.d", "cut short"},    {"put 8", "s.d", "wider than its stride"},
-    {"cut", "bb.d", "cut short"},  {"cut", "hm.d", "cut short"},   {"put 4", "c.d", "absurd size"},
-    {"cut", "c.d", "cut short"},
-};
-TEST_F(Build, DamagedResourcesAreNamedAndNotPaintedAndAMissingManifestIsWarnedOf)
+TEST_F(Build, ThePseudoLanguageIsAsWideAsTheWidestTranslationOrAThirdWiderThanTheSource)
 {
-    EXPECT_EQ(run("mkdir hurt; cp -r sample/en hurt; osdmenu shot hurt/en -o p.png"), 0);
-    EXPECT_NE(err.find("menu.json: warning: there is no such file"), std::string::npos) << err;
-    const std::string tools = "cut() { truncate -s -1 $1; }; "
-                              "put() { printf '\\377\\377\\377' | dd of=$2 bs=1 seek=$1 conv=notrunc; }; ";
-    for (const auto &[damage, file, fault] : damages) {
-        run(tools + "rm -rf p.png hurt; cp -r sample hurt; " + damage + " hurt/en/" + file);
-        EXPECT_EQ(run("osdmenu shot hurt/en -o p.png"), 1);
-        EXPECT_NE(err.find("hurt/en/" + file + ": byte "), std::string::npos) << err;
-        EXPECT_NE(err.find(fault), std::string::npos) << err;
-        EXPECT_FALSE(fs::exists(dir / "p.png"));
-    }
+    const std::string content = menu("  - {name: a, text: Brightness}\n  - {name: b, text: Contrast}\n");
+    write("m/po/de.po", po(translation("a", "Brightness", "Helligkeit des Bildes")));
+    write("m/po/fr.po", po(translation("a", "Brightness", "Luminosit\u00e9")));
+    write("m/menu.yaml", std::string(content).replace(content.find("[en]"), 4, "[en, de, fr]"));
+    ASSERT_EQ(run("osdmenu build m/menu.yaml -o made --pseudo"), 0) << err;
+    const Resources pseudo = made("pseudo");
+    ASSERT_EQ(pseudo.items.size(), 3u);
+    EXPECT_EQ(pseudo.items[1].picture.size.width, made("de").items[1].picture.size.width);
+    EXPECT_EQ(pseudo.items[2].picture.size.width / 2, made("en").items[2].picture.size.width / 2 * 130 / 100);
+    EXPECT_EQ(pseudo.items[2].text.find("\u010c\u0151\u00f1\u0165\u0159\u00e5\u0161\u0165"), 0u)
+        << pseudo.items[2].text;
 }
 
-TEST_F(Build, AWrongCallIsAnotherFailureThanAFinding)
+// How many pixels of a column, or of a whole picture for -1, pass a test.
+static int count(const ReadPicture &picture, int column, const std::function<bool(uint16_t)> &test)
 {
-    EXPECT_EQ(run("osdmenu build"), 2);
-    EXPECT_EQ(run("osdmenu shot sample/en"), 2);
-    EXPECT_EQ(run("osdmenu shot sample/en -o p.png --background red"), 2);
-    EXPECT_EQ(run("osdmenu shot sample/en -o p.png --keys sideways"), 1);
+    int passed = 0;
+    const int width = static_cast<int>(picture.size.width / 2);
+    for (size_t i = 0; i < picture.pixels.size() / 2; i++) {
+        uint16_t pixel;
+        std::memcpy(&pixel, picture.pixels.data() + i * 2, sizeof pixel);
+        passed += (column < 0 || static_cast<int>(i) % width == column) && test(pixel) ? 1 : 0;
+    }
+    return passed;
+}
+
+TEST_F(Build, PicturesAreAsWideAsTheirInkWithAnOutlineAndRealAlphaWhereTheFormatHasIt)
+{
+    ASSERT_EQ(build(menu("  - {name: b, text: A W}\n",
+                         "display: {pixel_format: ARGB4444, outline: 2}\n"
+                         "colours: {background: \"#00000000\", text: \"#ffffff\", outline: \"#ff0000\"}\n")),
+              0)
+        << err;
+    const ReadPicture picture = made("en").items[1].picture;
+    const int last = static_cast<int>(picture.size.width / 2) - 1;
+    auto is_ink = [](uint16_t pixel) { return pixel != 0; };
+    EXPECT_GT(count(picture, 0, is_ink), 0);
+    EXPECT_GT(count(picture, last, is_ink), 0);
+    EXPECT_GT(count(picture, -1, [](uint16_t pixel) { return pixel == 0xff00; }), 100); // outline
+    EXPECT_GT(count(picture, -1, [](uint16_t pixel) { return pixel == 0xffff; }), 100); // letters
+    EXPECT_GT(count(picture, -1, [](uint16_t pixel) { return pixel >> 12 > 0 && pixel >> 12 < 15; }), 10);
+    EXPECT_EQ(count(picture, -1, [](uint16_t pixel) { return pixel >> 12 == 0 && pixel != 0; }), 0);
+}
+
+TEST_F(Build, AWrongCallIsAnotherFailureThanAFindingAndOtherDirectoriesAreLeftAlone)
+{
+    write("m/menu.yaml", menu(one_item));
+    EXPECT_EQ(run("osdmenu build m/menu.yaml"), 2);
     EXPECT_EQ(run("osdmenu --help"), 0);
-    EXPECT_EQ(run("mkdir my; touch my/letter; osdmenu build " SAMPLE_MENU_DIR "/menu.yaml -o my"), 1); // not its own
+    EXPECT_EQ(run("mkdir my; touch my/letter; osdmenu build m/menu.yaml -o my"), 1);
     EXPECT_TRUE(fs::exists(dir / "my/letter"));
 }
