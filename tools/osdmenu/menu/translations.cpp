@@ -1,79 +1,70 @@
 #include "menu/translations.h"
 
-#include <filesystem>
-#include <memory>
-#include <set>
+#include <algorithm>
 
-#include <gettext-po.h>
+#include <glib.h>
 
 #include "common/text.h"
+#include "menu/po_file.h"
 
-namespace
+std::vector<TranslatableText> texts_to_translate(const Menu &menu, const std::vector<Row> &rows)
 {
-
-struct PoDeleter {
-    void operator()(po_file_t file) const
-    {
-        po_file_free(file);
+    std::vector<TranslatableText> texts;
+    for (const Row &row : rows) {
+        texts.push_back({TranslatableText::row_text, &row.item->text, &row.item->name, &row});
+        if (!row.item->free_text)
+            for (const Text &choice : row.item->choices)
+                texts.push_back({TranslatableText::choice, &choice, &row.item->name, &row});
     }
-    void operator()(po_message_iterator_t iterator) const
-    {
-        po_message_iterator_free(iterator);
-    }
-};
-using PoFile = std::unique_ptr<struct po_file, PoDeleter>;
-using PoIterator = std::unique_ptr<struct po_message_iterator, PoDeleter>;
-
-// The library's handlers get no argument of ours.
-Findings *receiver;
-
-void receive(int severity, po_message_t, const char *file, size_t line, size_t column, int, const char *text)
-{
-    auto number = [](size_t value) { return value == static_cast<size_t>(-1) ? 1 : static_cast<int>(value); };
-    std::string words = text;
-    while (words.ends_with('\n'))
-        words.pop_back();
-    receiver->error({file ? file : "", number(line), number(column)}, words);
-    // The handler must not return from this one.
-    if (severity == PO_SEVERITY_FATAL_ERROR)
-        throw Failure(words);
+    for (const Line &line : menu.help_lines)
+        texts.push_back({TranslatableText::help_line, &line.text, &line.name, nullptr, line.indent});
+    for (const Line &line : menu.bubbles)
+        texts.push_back({TranslatableText::bubble, &line.text, &line.name, nullptr, line.indent});
+    std::stable_sort(texts.begin(), texts.end(), [](auto &a, auto &b) { return a.text->place < b.text->place; });
+    return texts;
 }
 
-void receive_pair(int severity, po_message_t one, const char *file, size_t line, size_t column, int multiline,
-                  const char *text, po_message_t, const char *, size_t, size_t, int, const char *)
+// Numbers and signs are the same in most languages.
+static bool has_letter(const char *text)
 {
-    receive(severity, one, file, line, column, multiline, text);
+    while (*text && !g_unichar_isalpha(g_utf8_get_char(text)))
+        text = g_utf8_next_char(text);
+    return *text != '\0';
 }
 
-const po_xerror_handler handler{receive, receive_pair};
-
-} // namespace
+static TranslationState state_of(po_message_t message, const std::string &source, const std::string &words)
+{
+    // The translator's word that it is meant so stands in a line of its own.
+    std::string comment = std::string("\n") + po_message_comments(message);
+    if (po_message_is_fuzzy(message))
+        return TranslationState::fuzzy;
+    if ((words.empty() || words == source) && comment.find("\nsame as the source\n") != comment.npos)
+        return TranslationState::same_on_purpose;
+    if (words.empty())
+        return TranslationState::untranslated;
+    return words == source && has_letter(source.c_str()) ? TranslationState::same_as_source
+                                                         : TranslationState::translated;
+}
 
 Translations::Translations(const std::string &path, Findings &findings) : file(path)
 {
-    receiver = &findings;
-    if (!std::filesystem::exists(path)) {
-        findings.error({path}, "there is no such file", "make it with: msginit -i TEMPLATE.pot -o " + path);
-        return;
-    }
-    PoFile po(po_file_read(path.c_str(), &handler));
-    if (!po)
-        return;
-    PoIterator iterator(po_message_iterator(po.get(), nullptr));
-    while (po_message_t message = po_next_message(iterator.get())) {
-        std::string words = po_message_msgstr(message);
+    auto take = [&](po_message_t message, int line) {
         const char *context = po_message_msgctxt(message);
-        if (!words.empty() && !po_message_is_fuzzy(message) && !po_message_is_obsolete(message))
-            texts[{context ? context : "", po_message_msgid(message)}].words = words;
-    }
+        std::string source = po_message_msgid(message), words = po_message_msgstr(message);
+        TranslationState state = state_of(message, source, words);
+        Place place{path, line, 1};
+        if (!source.empty() && !is_plain_utf8(words))
+            findings.error(place, "the translation of " + in_quotes(source) + " holds a control character");
+        texts[{context ? context : "", source}] = {state == TranslationState::translated ? words : source, state,
+                                                   place};
+    };
+    if (read_file(path) && !read_po_file(path, findings, take))
+        file.clear();
 }
 
-Translation Translations::of(const Text &text, const std::string &item) const
+Translation Translations::of(const Text &text, const std::string &name) const
 {
-    if (file.empty())
-        return {text.words, TranslationState::translated, text.place};
-    for (const std::string &context : {item, std::string()})
-        if (auto found = texts.find({context, text.words}); found != texts.end())
-            return found->second;
-    return {text.words, TranslationState::missing, text.place};
+    if (auto found = texts.find({name, text.words}); found != texts.end())
+        return found->second;
+    return {text.words, file.empty() ? TranslationState::translated : TranslationState::missing, text.place};
 }

@@ -1,4 +1,4 @@
-// What is missing in the PO files.
+// What the PO files lack: a file, an entry, a translation, a translator's word that it is meant as it is.
 #pragma once
 
 #include "menu/project.h"
