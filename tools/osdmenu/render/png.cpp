@@ -20,8 +20,7 @@ static uint32_t rgb(const Colour &colour)
     return uint32_t{colour.red} << 16 | uint32_t{colour.green} << 8 | colour.blue;
 }
 
-// What each pixel value looks like; the transparent ones, which depend on the place, come out as alpha 0.
-static std::vector<Colour> palette(PixelFormat format)
+static std::vector<Colour> palette_of(PixelFormat format)
 {
     std::vector<Colour> colours;
     for (unsigned int pixel = 0; pixel < 0x10000; pixel++)
@@ -29,15 +28,30 @@ static std::vector<Colour> palette(PixelFormat format)
     return colours;
 }
 
-static void paint_row(uint32_t *row, int y, const PixelView &view, const std::vector<Colour> &colours,
-                      const std::optional<Colour> &background)
+// What each pixel value looks like. Made once: a view has millions of pixels, an export thousands of pictures.
+static const std::vector<Colour> &palette(PixelFormat format)
 {
+    static const std::vector<Colour> palettes[] = {palette_of(PixelFormat::argb1555), palette_of(PixelFormat::rgb565),
+                                                   palette_of(PixelFormat::argb4444)};
+    return palettes[static_cast<unsigned int>(format)];
+}
+
+static Colour blended(const Colour &colour, const Colour &ground)
+{
+    auto mixed = [&](uint8_t over, uint8_t under) {
+        return static_cast<uint8_t>((over * colour.alpha + under * (255 - colour.alpha) + 127) / 255);
+    };
+    return {mixed(colour.red, ground.red), mixed(colour.green, ground.green), mixed(colour.blue, ground.blue)};
+}
+
+static void paint_row(uint32_t *row, int y, const PixelView &view, const std::optional<Colour> &background)
+{
+    const std::vector<Colour> &colours = palette(view.format);
     const char *pixels = view.first + static_cast<ptrdiff_t>(y) * view.pitch * 2;
     for (int x = 0; x < view.width; x++) {
         uint16_t pixel;
         std::memcpy(&pixel, pixels + x * 2, sizeof pixel);
-        const Colour &colour = colours[pixel];
-        row[x] = rgb(colour.alpha ? colour : background ? *background : checkerboard(x, y));
+        row[x] = rgb(blended(colours[pixel], background ? *background : checkerboard(x, y)));
     }
 }
 
@@ -53,10 +67,8 @@ void write_png(const std::string &path, const PixelView &view, const std::option
     unsigned char *data = cairo_image_surface_get_data(surface);
     if (!data)
         throw Failure(path + ": a picture of that size cannot be made");
-    // A view has millions of pixels but few colours.
-    std::vector<Colour> colours = palette(view.format);
     for (int y = 0; y < view.height; y++)
-        paint_row(reinterpret_cast<uint32_t *>(data + y * cairo_image_surface_get_stride(surface)), y, view, colours,
+        paint_row(reinterpret_cast<uint32_t *>(data + y * cairo_image_surface_get_stride(surface)), y, view,
                   background);
     cairo_surface_mark_dirty(surface);
     std::string png;

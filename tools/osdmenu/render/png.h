@@ -14,5 +14,5 @@ struct PixelView {
     PixelFormat format;
 };
 
-// Transparent pixels show the background, or a checkerboard without one.
+// Pixels show the background as far as they are transparent, or a checkerboard without one.
 void write_png(const std::string &path, const PixelView &view, const std::optional<Colour> &background);

@@ -14,6 +14,8 @@ constexpr size_t MAX_STRING = 128;      // bytes read before a string ends witho
 constexpr size_t MIN_SYMBOLS = 4;       // what pages and help lines paint
 constexpr size_t MAX_SYMBOLS = 31;      // with one more the library's load fails
 
+using Contents = std::map<std::string, std::string>; // by file name
+
 struct FaultFound {
     Fault fault;
 };
@@ -22,17 +24,16 @@ struct FaultFound {
 class Cursor
 {
   public:
-    Cursor(const FileSource &source, const std::string &name) : file(name)
-    {
-        std::optional<std::string> found = source(name);
-        if (!found)
-            fail("there is no such file, or it cannot be read");
-        content = *found;
-    }
+    Cursor(const Contents &files, const std::string &name) : file(name), content(files.at(name)) {}
 
     [[noreturn]] void fail(const std::string &text) const
     {
         throw FaultFound{{file, position, text}};
+    }
+    // For what the last record says.
+    [[noreturn]] void fail_in_record(const std::string &text) const
+    {
+        throw FaultFound{{file, last_record, text}};
     }
 
     bool at_end() const
@@ -56,6 +57,7 @@ class Cursor
                  " bytes");
         Record record;
         std::memcpy(&record, content.data() + position, sizeof record);
+        last_record = position;
         position += sizeof record;
         return record;
     }
@@ -77,18 +79,19 @@ class Cursor
         return text;
     }
 
-    // `pitch` is what the file holds per row, in bytes.
-    ReadPicture picture(const osdmenu_view_bitmap &size, unsigned int pitch, const std::string &what)
+    // `pitch` is what the file holds per row, in bytes. The size stands in the last record of `meta`.
+    ReadPicture picture(const Cursor &meta, const osdmenu_view_bitmap &size, unsigned int pitch,
+                        const std::string &what)
     {
         if (size.height > MAX_SIDE || pitch > MAX_SIDE * 2 || size.width > MAX_SIDE * 2)
-            fail(what + " has an absurd size: " + std::to_string(size.height) + " rows of " + std::to_string(pitch) +
-                 " bytes");
+            meta.fail_in_record(what + " has an absurd size: " + std::to_string(size.height) + " rows of " +
+                                std::to_string(pitch) + " bytes");
         if (size.width % 2 != 0)
-            fail(what + " splits a pixel: " + std::to_string(size.width) + " bytes a row");
+            meta.fail_in_record(what + " splits a pixel: " + std::to_string(size.width) + " bytes a row");
         size_t bytes = size_t{size.height} * pitch;
         if (left() < bytes)
             fail(what + " is cut short: " + std::to_string(left()) + " of " + std::to_string(bytes) + " bytes");
-        ReadPicture picture{size, content.substr(position, bytes)};
+        ReadPicture picture{size, content.substr(position, bytes), position};
         picture.size.bitmap = nullptr;
         position += bytes;
         return picture;
@@ -102,8 +105,9 @@ class Cursor
 
   private:
     std::string file;
-    std::string content;
+    const std::string &content;
     size_t position = 0;
+    size_t last_record = 0;
 };
 
 } // namespace
@@ -114,14 +118,15 @@ static void read_choices(Cursor &meta, Cursor &data, const osdmenu_item &image, 
     int count;
     std::memcpy(&count, &image.item_values.u, sizeof count);
     if (count < 0 || static_cast<size_t>(count) > meta.left() / sizeof(osdmenu_item_value))
-        meta.fail(in_quotes(item.name) + " announces " + std::to_string(count) + " choices, more than the file holds");
+        meta.fail_in_record(in_quotes(item.name) + " announces " + std::to_string(count) +
+                            " choices, more than the file holds");
     for (int i = 0; i < count; i++) {
         std::string what = "choice " + std::to_string(i) + " of " + in_quotes(item.name);
+        ReadChoice read{{meta.offset(), data.offset()}, {}, {}};
         auto choice = meta.record<osdmenu_item_value>(what);
-        ReadChoice read;
         read.text = data.string("the text of " + what);
         const osdmenu_view_bitmap &size = choice.u.txt.viewbitmap;
-        read.picture = data.picture(size, size.width, "the picture of " + what);
+        read.picture = data.picture(meta, size, size.width, "the picture of " + what);
         item.choices.push_back(read);
     }
 }
@@ -130,7 +135,7 @@ static ReadItem read_item(Cursor &meta, Cursor &data, size_t number)
 {
     ReadItem item;
     std::string what = "item " + std::to_string(number);
-    item.offset = meta.offset();
+    item.place = {meta.offset(), data.offset()};
     auto image = meta.record<osdmenu_item>(what);
     item.position = image.position;
     item.value_type = image.item_values.type;
@@ -138,10 +143,10 @@ static ReadItem read_item(Cursor &meta, Cursor &data, size_t number)
     // The two files are read in step, record by record.
     item.name = data.string("the name of " + what);
     item.text = data.string("the text of " + in_quotes(item.name));
-    item.picture =
-        data.picture(image.view.viewbitmap, image.view.viewbitmap.width, "the picture of " + in_quotes(item.name));
+    const osdmenu_view_bitmap &size = image.view.viewbitmap;
+    item.picture = data.picture(meta, size, size.width, "the picture of " + in_quotes(item.name));
     if (item.value_type > VALUE_PERCENTAGE)
-        meta.fail(in_quotes(item.name) + " has no known type of value: " + std::to_string(item.value_type));
+        meta.fail_in_record(in_quotes(item.name) + " has no known type of value: " + std::to_string(item.value_type));
     if (item.value_type == VALUE_TXT)
         read_choices(meta, data, image, item);
     else if (item.value_type != VALUE_NONE)
@@ -149,9 +154,8 @@ static ReadItem read_item(Cursor &meta, Cursor &data, size_t number)
     return item;
 }
 
-static void read_items(const FileSource &source, Resources &resources)
+static void read_items(Cursor &meta, Cursor &data, Resources &resources)
 {
-    Cursor meta(source, "m.d"), data(source, "b.d");
     while (!meta.at_end())
         resources.items.push_back(read_item(meta, data, resources.items.size()));
     data.expect_end("item");
@@ -160,25 +164,24 @@ static void read_items(const FileSource &source, Resources &resources)
 }
 
 // An empty picture would end the library's load at that line.
-static ReadPicture read_line_picture(Cursor &data, const osdmenu_view_bitmap &size, const std::string &name)
+static ReadPicture read_line_picture(const Cursor &meta, Cursor &data, const osdmenu_view_bitmap &size,
+                                     const std::string &name)
 {
     if (size.height == 0 || size.width == 0)
-        data.fail("the picture of " + in_quotes(name) + " is empty");
-    return data.picture(size, size.width, "the picture of " + in_quotes(name));
+        meta.fail_in_record("the picture of " + in_quotes(name) + " is empty");
+    return data.picture(meta, size, size.width, "the picture of " + in_quotes(name));
 }
 
-template <class Record>
-static void read_lines(const FileSource &source, const char *meta_name, const char *data_name,
-                       std::vector<ReadLine> &lines)
+template <class Record> static void read_lines(Cursor &meta, Cursor &data, std::vector<ReadLine> &lines)
 {
-    Cursor meta(source, meta_name), data(source, data_name);
     while (!meta.at_end()) {
         std::string what = "line " + std::to_string(lines.size());
-        auto image = meta.record<Record>(what);
         ReadLine line;
+        line.place = {meta.offset(), data.offset()};
+        auto image = meta.record<Record>(what);
         line.name = data.string("the name of " + what);
         line.text = data.string("the text of " + in_quotes(line.name));
-        line.picture = read_line_picture(data, image.viewbitmap, line.name);
+        line.picture = read_line_picture(meta, data, image.viewbitmap, line.name);
         if constexpr (std::is_same_v<Record, osdbubbleline>)
             line.level = image.level;
         lines.push_back(line);
@@ -192,25 +195,23 @@ static void read_bank(Cursor &file, std::vector<ReadPicture> &bank, size_t most,
         std::string what = std::string(kind).append(" ").append(std::to_string(bank.size()));
         auto size = file.record<osdmenu_view_bitmap>(what);
         if (size.width > size.stride)
-            file.fail(what + " is wider than its stride: " + std::to_string(size.width) + " and " +
-                      std::to_string(size.stride) + " bytes");
-        bank.push_back(file.picture(size, size.stride, "the picture of " + what));
+            file.fail_in_record(what + " is wider than its stride: " + std::to_string(size.width) + " and " +
+                                std::to_string(size.stride) + " bytes");
+        bank.push_back(file.picture(file, size, size.stride, "the picture of " + what));
     }
     file.expect_end(kind);
 }
 
-static void read_glyphs(const FileSource &source, Resources &resources)
+static void read_glyphs(Cursor &file, Resources &resources)
 {
-    Cursor file(source, "c.d");
     read_bank(file, resources.glyphs, GLYPH_COUNT, "glyph");
     if (resources.glyphs.size() < GLYPH_COUNT)
         file.fail("there are " + std::to_string(resources.glyphs.size()) + " glyphs of " + std::to_string(GLYPH_COUNT));
 }
 
 // One symbol more than the most, and the device reports a failed load.
-static void read_symbols(const FileSource &source, Resources &resources)
+static void read_symbols(Cursor &file, Resources &resources)
 {
-    Cursor file(source, "s.d");
     read_bank(file, resources.symbols, MAX_SYMBOLS, "symbol");
     if (resources.symbols.size() < MIN_SYMBOLS)
         file.fail("there are " + std::to_string(resources.symbols.size()) + " symbols of at least 4");
@@ -229,21 +230,43 @@ FileSource files_in_memory(const std::map<std::string, std::string> &files)
     };
 }
 
+static Contents read_files(const FileSource &source, Resources &resources)
+{
+    Contents files;
+    for (const char *name : RESOURCE_FILES) {
+        std::optional<std::string> content = source(name);
+        if (!content) {
+            resources.faults.push_back({name, 0, "there is no such file, or it cannot be read"});
+            continue;
+        }
+        resources.file_sizes[name] = content->size();
+        resources.bytes += content->size();
+        files[name] = std::move(*content);
+    }
+    return files;
+}
+
 Resources read_resources(const FileSource &source)
 {
     Resources resources;
+    const Contents files = read_files(source, resources);
     // A fault ends its own pair only: the other files are in step with nothing but themselves.
-    auto keep_fault = [&](auto read) {
+    auto read_pair = [&](const char *meta_name, const char *data_name, auto read) {
+        if (!files.contains(meta_name) || !files.contains(data_name))
+            return;
+        Cursor meta(files, meta_name), data(files, data_name);
         try {
-            read();
+            read(meta, data);
         } catch (const FaultFound &found) {
             resources.faults.push_back(found.fault);
         }
     };
-    keep_fault([&] { read_items(source, resources); });
-    keep_fault([&] { read_lines<osdhelpline>(source, "hm.d", "hb.d", resources.help_lines); });
-    keep_fault([&] { read_lines<osdbubbleline>(source, "bm.d", "bb.d", resources.bubbles); });
-    keep_fault([&] { read_glyphs(source, resources); });
-    keep_fault([&] { read_symbols(source, resources); });
+    read_pair("m.d", "b.d", [&](Cursor &meta, Cursor &data) { read_items(meta, data, resources); });
+    read_pair("hm.d", "hb.d",
+              [&](Cursor &meta, Cursor &data) { read_lines<osdhelpline>(meta, data, resources.help_lines); });
+    read_pair("bm.d", "bb.d",
+              [&](Cursor &meta, Cursor &data) { read_lines<osdbubbleline>(meta, data, resources.bubbles); });
+    read_pair("c.d", "c.d", [&](Cursor &file, Cursor &) { read_glyphs(file, resources); });
+    read_pair("s.d", "s.d", [&](Cursor &file, Cursor &) { read_symbols(file, resources); });
     return resources;
 }

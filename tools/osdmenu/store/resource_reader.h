@@ -10,18 +10,29 @@
 
 #include "osd_menu.h"
 
+// In the order in which they are read: a file of records, then the file of its texts and pixels.
+inline constexpr const char *RESOURCE_FILES[] = {"m.d", "b.d", "hm.d", "hb.d", "bm.d", "bb.d", "c.d", "s.d"};
+
 struct ReadPicture {
     osdmenu_view_bitmap size{}; // its pointer is never used
     std::string pixels;
+    size_t offset = 0; // of the first pixel in its file
+};
+
+// Where a record stands, in bytes.
+struct ReadPlace {
+    size_t meta = 0; // of the record, in m.d, hm.d or bm.d
+    size_t data = 0; // of its first text, in b.d, hb.d or bb.d
 };
 
 struct ReadChoice {
+    ReadPlace place;
     std::string text;
     ReadPicture picture;
 };
 
 struct ReadItem {
-    size_t offset = 0; // in m.d
+    ReadPlace place;
     std::string name;
     std::string text;
     osdmenu_position position{};
@@ -33,6 +44,7 @@ struct ReadItem {
 };
 
 struct ReadLine {
+    ReadPlace place;
     std::string name;
     std::string text;
     ReadPicture picture;
@@ -41,7 +53,7 @@ struct ReadLine {
 
 struct Fault {
     std::string file; // bare name
-    size_t offset;    // bytes from the start of the file
+    size_t offset;    // of the record or the bytes that are wrong, from the start of the file
     std::string text;
 };
 
@@ -52,6 +64,8 @@ struct Resources {
     std::vector<ReadPicture> glyphs;
     std::vector<ReadPicture> symbols;
     std::vector<Fault> faults;
+    std::map<std::string, size_t> file_sizes; // bytes of each file that is there
+    size_t bytes = 0;                         // of all of them
 };
 
 // The content of a file by its bare name, or nothing when there is none.
