@@ -1,22 +1,11 @@
 #include "menu/configuration.h"
 
 #include <algorithm>
+#include <climits>
 #include <cstdlib>
 #include <filesystem>
 
 #include "common/text.h"
-
-// Layouts of the help block are numbered from 0.
-static constexpr int HELP_LAYOUTS = 18;
-
-// Keys whose text names an item at which UP or DOWN behave specially.
-static constexpr const char *anchors[] = {
-    "information_last_item", "peripheralinformation_title",
-    "peripheral_last_item",  "get_ip_first_item",
-    "get_ip_last_item",      "menu_first_item",
-    "menu_last_item",        "peripheralinformation_item",
-    "language_item",         "general_last_item",
-};
 
 // Keys keep the order in which they were added, so the text is the same on every run.
 std::string json_text(const cJSON *json)
@@ -26,6 +15,10 @@ std::string json_text(const cJSON *json)
     std::free(text);
     return result;
 }
+
+// Layouts of the help block are numbered from 0. One beyond the table paints nothing at all.
+static constexpr int HELP_LAYOUTS = 18;
+static constexpr char HELP_LAYOUT[] = "a help layout, a number from 0 to 17";
 
 namespace
 {
@@ -48,77 +41,139 @@ struct Checked {
         return {path, static_cast<int>(lines) + 1, static_cast<int>(column) + 1};
     }
 
-    Place place_of(const std::string &word) const
+    // Of the last word of a way through the file, each searched behind the one before it.
+    Place place_of(const std::vector<std::string> &way) const
     {
-        return place_at(std::min(content.find('"' + word + '"'), content.size()));
+        size_t at = 0, from = 0;
+        for (const std::string &word : way)
+            if (size_t found = content.find('"' + word + '"', from); found != std::string::npos)
+                from = (at = found) + 1;
+        return place_at(at);
     }
 
     bool is_item(const std::string &name) const
     {
         return std::any_of(rows.begin(), rows.end(), [&](const Row &row) { return row.item->name == name; });
     }
+
+    void wrong(const std::vector<std::string> &way, const std::string &text, const std::string &cure = {}) const
+    {
+        findings.add({place_of(way), "configuration", text, cure});
+    }
+
+    // An entry that names nothing never matches, and UP or DOWN silently lose their jump.
+    void expect_item(const std::vector<std::string> &way) const
+    {
+        const std::string &name = way.back();
+        if (!is_item(name))
+            findings.add({place_of(way), "anchor-without-item",
+                          in_quotes(way.front()) + " names no item: " + in_quotes(name), "", name});
+    }
+
+    void expect_number(const std::vector<std::string> &way, const cJSON *entry, int high, const char *words) const
+    {
+        if (!cJSON_IsNumber(entry) || entry->valueint < 0 || entry->valueint > high)
+            wrong(way, in_quotes(way.back()) + " must be " + words);
+    }
+};
+
+// All that the library reads, and what is looked at when an entry is of the right type.
+struct Entry {
+    const char *key;
+    cJSON_bool (*is_right)(const cJSON *entry);
+    const char *type;
+    void (*check)(const Checked &in, const cJSON *entry);
 };
 
 } // namespace
 
-// An anchor that names nothing never matches, and UP or DOWN silently lose their jump.
-static void check_anchors(const Checked &in, const cJSON *root)
+static void check_help_layout(const Checked &in, const cJSON *entry)
 {
-    for (const char *key : anchors) {
-        const cJSON *entry = cJSON_GetObjectItemCaseSensitive(root, key);
-        if (entry && !cJSON_IsString(entry))
-            in.findings.error(in.place_of(key), in_quotes(key) + " must be a text");
-        else if (entry && !in.is_item(entry->valuestring))
-            in.findings.error(in.place_of(key), in_quotes(key) + " names no item: " + in_quotes(entry->valuestring));
+    in.expect_number({entry->string}, entry, HELP_LAYOUTS - 1, HELP_LAYOUT);
+}
+
+static void check_help_types(const Checked &in, const cJSON *types)
+{
+    const cJSON *entry;
+    cJSON_ArrayForEach(entry, types)
+    {
+        in.expect_item({types->string, entry->string});
+        in.expect_number({types->string, entry->string}, entry, HELP_LAYOUTS - 1, HELP_LAYOUT);
     }
 }
 
-// A layout beyond the table paints nothing at all.
-static void check_help_types(const Checked &in, const cJSON *root)
+static void check_page_column(const Checked &in, const std::vector<std::string> &way, const cJSON *column)
 {
-    const cJSON *entry = cJSON_GetObjectItemCaseSensitive(root, "helpline_default");
-    if (entry && (!cJSON_IsNumber(entry) || entry->valueint < 0 || entry->valueint >= HELP_LAYOUTS))
-        in.findings.error(in.place_of("helpline_default"), "a help layout is a number from 0 to 17");
-    const cJSON *types = cJSON_GetObjectItemCaseSensitive(root, "helpline_type");
-    cJSON_ArrayForEach(entry, types)
-    {
-        if (!in.is_item(entry->string))
-            in.findings.error(in.place_of(entry->string), "'helpline_type' names no item: " + in_quotes(entry->string));
-        if (!cJSON_IsNumber(entry) || entry->valueint < 0 || entry->valueint >= HELP_LAYOUTS)
-            in.findings.error(in.place_of(entry->string), "a help layout is a number from 0 to 17");
-    }
+    in.expect_number(way, column, INT_MAX, "a column, a number of pixels");
+    auto has_key = [&](const Row &row) { return page_key(in.rows, row) == way.back(); };
+    if (std::none_of(in.rows.begin(), in.rows.end(), has_key))
+        in.wrong(way, "no page has the key " + in_quotes(way.back()),
+                 "'.' is the top list, '.2.1' the page of row 1 on the page of its row 2");
 }
 
 // The library looks columns up by the very text of the directory that it loads from.
-static void check_value_columns(const Checked &in, const cJSON *root)
+static void check_value_columns(const Checked &in, const cJSON *columns)
 {
-    const cJSON *columns = cJSON_GetObjectItemCaseSensitive(root, "value_offset_x");
-    const cJSON *language;
-    cJSON_ArrayForEach(language, columns)
+    const cJSON *pages, *column;
+    cJSON_ArrayForEach(pages, columns)
     {
-        std::string directory = language->string;
-        auto &known = in.menu.languages;
-        if (std::none_of(known.begin(), known.end(),
-                         [&](const Language &one) { return in.menu.device_directory + one.code + "/" == directory; }))
-            in.findings.error(in.place_of(directory), "no language has the directory " + in_quotes(directory),
-                              "'device_directory' of the menu and a language's code make it");
-        const cJSON *page;
-        cJSON_ArrayForEach(page, language) if (!cJSON_IsNumber(page))
-            in.findings.error(in.place_of(page->string), "a value column is a number of pixels");
+        std::string directory = pages->string;
+        auto is_loaded = [&](const Language &one) { return in.menu.device_directory + one.code + "/" == directory; };
+        if (std::none_of(in.menu.languages.begin(), in.menu.languages.end(), is_loaded))
+            in.wrong({columns->string, directory}, "no language has the directory " + in_quotes(directory),
+                     "'device_directory' of the menu and a language's code make it");
+        if (!cJSON_IsObject(pages))
+            in.wrong({columns->string, directory}, in_quotes(directory) + " must be an object");
+        else
+            cJSON_ArrayForEach(column, pages)
+                check_page_column(in, {columns->string, directory, column->string}, column);
     }
 }
 
 // The background belongs to the menu, which blends the edges of its texts with it.
-static void set_background(const Checked &in, cJSON *root)
+static void check_background(const Checked &in, const cJSON *entry)
 {
     int word = fill_word(in.menu.display.pixel_format, in.menu.colours.background);
-    const cJSON *given = cJSON_GetObjectItemCaseSensitive(root, "default_color");
-    if (!given)
-        cJSON_AddNumberToObject(root, "default_color", word);
-    else if (!cJSON_IsNumber(given) || given->valueint != word)
-        in.findings.error(in.place_of("default_color"),
-                          "'default_color' differs from the menu's background, " + std::to_string(word),
-                          "leave it out: it is added");
+    if (entry->valueint != word)
+        in.wrong({entry->string}, "'default_color' differs from the menu's background, " + std::to_string(word),
+                 "leave it out: it is added");
+}
+
+// At such an item UP or DOWN behave specially.
+static void check_anchor(const Checked &in, const cJSON *entry)
+{
+    in.expect_item({entry->string, entry->valuestring});
+}
+
+static constexpr Entry known_entries[] = {
+    {"Main_Menu_Separator", cJSON_IsString, "a text", [](const Checked &, const cJSON *) {}},
+    {"default_color", cJSON_IsNumber, "a number", check_background},
+    {"value_offset_x", cJSON_IsObject, "an object", check_value_columns},
+    {"helpline_default", cJSON_IsNumber, "a number", check_help_layout},
+    {"helpline_type", cJSON_IsObject, "an object", check_help_types},
+    {"information_last_item", cJSON_IsString, "a text", check_anchor},
+    {"peripheralinformation_title", cJSON_IsString, "a text", check_anchor},
+    {"peripheral_last_item", cJSON_IsString, "a text", check_anchor},
+    {"get_ip_first_item", cJSON_IsString, "a text", check_anchor},
+    {"get_ip_last_item", cJSON_IsString, "a text", check_anchor},
+    {"menu_first_item", cJSON_IsString, "a text", check_anchor},
+    {"menu_last_item", cJSON_IsString, "a text", check_anchor},
+    {"peripheralinformation_item", cJSON_IsString, "a text", check_anchor},
+    {"language_item", cJSON_IsString, "a text", check_anchor},
+    {"general_last_item", cJSON_IsString, "a text", check_anchor},
+};
+
+static void check_entry(const Checked &in, const cJSON *entry)
+{
+    std::string key = entry->string;
+    auto known = std::find_if(std::begin(known_entries), std::end(known_entries),
+                              [&](const Entry &one) { return one.key == key; });
+    if (known == std::end(known_entries))
+        in.wrong({key}, "the library reads no " + in_quotes(key));
+    else if (!known->is_right(entry))
+        in.wrong({key}, in_quotes(key) + " must be " + known->type);
+    else
+        known->check(in, entry);
 }
 
 Configuration::Configuration(const Menu &menu, const std::vector<Row> &rows, Findings &findings)
@@ -132,14 +187,21 @@ Configuration::Configuration(const Menu &menu, const std::vector<Row> &rows, Fin
     Json parsed(cJSON_ParseWithOpts(in.content.c_str(), &end, true));
     if (!cJSON_IsObject(parsed.get())) {
         size_t offset = end ? static_cast<size_t>(end - in.content.c_str()) : 0;
-        findings.error(in.place_at(offset), "no JSON object can be read here");
+        findings.add({in.place_at(offset), "unreadable", "no JSON object can be read here"});
         return;
     }
     root = std::move(parsed);
-    check_anchors(in, root.get());
-    check_help_types(in, root.get());
-    check_value_columns(in, root.get());
-    set_background(in, root.get());
+    const cJSON *entry;
+    cJSON_ArrayForEach(entry, root.get()) check_entry(in, entry);
+    if (!cJSON_GetObjectItemCaseSensitive(root.get(), "default_color"))
+        cJSON_AddNumberToObject(root.get(), "default_color",
+                                fill_word(menu.display.pixel_format, menu.colours.background));
+}
+
+std::string Configuration::text_of(const std::string &key) const
+{
+    const cJSON *entry = cJSON_GetObjectItemCaseSensitive(root.get(), key.c_str());
+    return cJSON_IsString(entry) ? entry->valuestring : "";
 }
 
 // The same three lookups that the library makes at the start of a page.

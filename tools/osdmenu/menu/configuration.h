@@ -30,6 +30,9 @@ class Configuration
     // x of the values on a page, where the file gives one.
     int value_column(const Menu &menu, const std::string &language, const std::string &page, int fallback) const;
 
+    // Of an entry, empty where there is none.
+    std::string text_of(const std::string &key) const;
+
     std::string text() const
     {
         return json_text(root.get());

@@ -2,17 +2,19 @@
 
 #include <algorithm>
 
+// Within the view, whatever the file says.
 static int value_column(const Project &project, const std::string &language, const Row &row)
 {
-    return project.configuration.value_column(project.menu, language, page_key(project.rows, row),
-                                              project.geometry.value_column);
+    int column = project.configuration.value_column(project.menu, language, page_key(project.rows, row),
+                                                    project.geometry.value_column);
+    return std::clamp(column, 0, project.geometry.view_width);
 }
 
 int room_of_text(const Project &project, const std::string &language, const Row &row)
 {
     const Geometry &geometry = project.geometry;
     int end = row.item->value_type == VALUE_NONE ? geometry.view_width : value_column(project, language, row);
-    return std::min(end, geometry.view_width) - geometry.item_column;
+    return end - geometry.item_column;
 }
 
 int room_of_choice(const Project &project, const std::string &language, const Row &row)
@@ -21,16 +23,16 @@ int room_of_choice(const Project &project, const std::string &language, const Ro
 }
 
 // The layouts of the help block put some texts side by side: the second begins nine text heights from the edge.
-int room_of_help_line(const Project &project, const Line &line)
+int room_of_help_line(const Project &project, const std::string &name)
 {
     int f = project.geometry.line_height, t = f * 3 / 4, width = project.geometry.view_width;
-    if (line.name == "select")
+    if (name == "select")
         return 9 * f - (2 * f + t);
-    if (line.name == "change")
+    if (name == "change")
         return width - (10 * f + t);
-    if (line.name == "enter")
+    if (name == "enter")
         return 9 * f - t;
-    return width - (line.name == "menu" ? 9 * f : t);
+    return width - (name == "menu" ? 9 * f : t);
 }
 
 // The first composer has the smallest room: lines of 1100 pixels behind a margin of 100.

@@ -9,7 +9,7 @@
 int room_of_text(const Project &project, const std::string &language, const Row &row);
 
 int room_of_choice(const Project &project, const std::string &language, const Row &row);
-int room_of_help_line(const Project &project, const Line &line);
+int room_of_help_line(const Project &project, const std::string &name);
 
 // Within the narrowest pitch that the host's messages are composed at, and within the view.
 int room_of_bubble(const Project &project);

@@ -5,6 +5,12 @@
 #include "common/text.h"
 #include "rules/rule_table.h"
 
+const char *severity_name(Severity severity)
+{
+    static constexpr const char *names[] = {"error", "warning", "off"};
+    return names[static_cast<size_t>(severity)];
+}
+
 void Findings::add(Finding finding)
 {
     finding.severity = rule_named(finding.rule)->severity;
@@ -42,9 +48,11 @@ void Findings::settle(const CheckSettings &settings)
     std::erase_if(findings, [](const Finding &f) { return f.severity == Severity::off; });
 }
 
-bool Findings::has(Severity severity) const
+size_t Findings::count(Severity severity) const
 {
-    return std::any_of(findings.begin(), findings.end(), [&](const Finding &f) { return f.severity == severity; });
+    std::vector<Finding> all = sorted();
+    auto is_it = [&](const Finding &f) { return f.severity == severity; };
+    return static_cast<size_t>(std::count_if(all.begin(), all.end(), is_it));
 }
 
 bool Findings::has_rule(const std::string &rule) const

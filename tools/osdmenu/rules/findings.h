@@ -16,6 +16,7 @@ struct Place {
 };
 
 enum class Severity { error, warning, off };
+const char *severity_name(Severity severity);
 
 struct Finding {
     Place place;
@@ -59,10 +60,10 @@ class Findings
     // each suppression that met nothing.
     void settle(const CheckSettings &settings);
 
-    bool has(Severity severity) const;
+    size_t count(Severity severity) const;
     bool has_errors() const
     {
-        return has(Severity::error);
+        return count(Severity::error) > 0;
     }
     bool has_rule(const std::string &rule) const;
 

@@ -12,8 +12,8 @@ struct Judged {
 struct JudgeOptions {
     std::string path;
     bool pseudo = false; // with the made-up language as well
-    EarlierFiles earlier;
-    ShowProgress progress;
+    EarlierFiles earlier = [](const std::string &, const std::string &) { return Files(); };
+    ShowProgress progress = [](size_t, size_t, const std::string &) {};
 };
 
 // The findings are settled as the menu asks.

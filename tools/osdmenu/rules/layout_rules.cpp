@@ -1,53 +1,105 @@
 #include "rules/layout_rules.h"
 
+#include <algorithm>
+
 #include "common/text.h"
 #include "menu/rooms.h"
+#include "render/pseudo.h"
+#include "resources/glyph_banks.h"
 
-static int pixels_of(const ReadPicture &picture)
+// What the device sets from single glyphs.
+static int width_in_glyphs(const std::string &text, const Resources &pictures)
 {
-    return static_cast<int>(picture.size.width / 2);
+    int width = 0;
+    for (char c : text)
+        if (glyph_index(c) != GLYPH_NONE)
+            width += pixels_of(pictures.glyphs[static_cast<size_t>(glyph_index(c))]);
+    return width;
 }
 
-namespace
-{
-
-struct Judge {
-    const Project &project;
-    const std::string &language;
-    Findings &findings;
-
-    // A block past the right edge goes on in the next row of pixels, and one past the value column is painted over.
-    void fits(const ReadPicture &picture, int room, const Text &text, const std::string &name, const char *where) const
-    {
-        int width = pixels_of(picture);
-        if (width > room)
-            findings.add({text.place, "text-too-wide",
-                          in_quotes(text.words) + " runs " + std::to_string(width - room) + " pixels " + where +
-                              " in " + language + " (" + std::to_string(width) + " of " + std::to_string(room) + ")",
-                          "shorten it, or move the column with 'value_offset_x' in osd_menu.json", name, language});
-    }
-};
-
-} // namespace
-
-static void check_row(const Judge &judge, const Row &row, const ReadItem &read)
+// The device paints numbers at run time; the widest is one of the limits.
+static void visit_number(const Project &project, const std::string &language, const Resources &pictures, const Row &row,
+                         const VisitFit &visit)
 {
     const Item &item = *row.item;
-    const char *where = item.value_type == VALUE_NONE ? "off the view" : "into the value column";
-    judge.fits(read.picture, room_of_text(judge.project, judge.language, row), item.text, item.name, where);
-    int room = room_of_choice(judge.project, judge.language, row);
-    for (size_t i = 0; i < item.choices.size(); i++)
-        judge.fits(read.choices[i].picture, room, item.choices[i], item.name, "off the view");
+    std::string sign = item.value_type == VALUE_PERCENTAGE ? "%" : "";
+    Text low{std::to_string(item.number.lowlimit) + sign, item.place};
+    Text high{std::to_string(item.number.highlimit) + sign, item.place};
+    int low_width = width_in_glyphs(low.words, pictures), high_width = width_in_glyphs(high.words, pictures);
+    visit({low_width > high_width ? low : high, item.name, &row, MeasuredText::choice, std::max(low_width, high_width)},
+          room_of_choice(project, language, row));
+}
+
+static int room_of(const Project &project, const std::string &language, const MeasuredText &text)
+{
+    switch (text.kind) {
+    case MeasuredText::row_text:
+        return room_of_text(project, language, *text.row);
+    case MeasuredText::choice:
+        return room_of_choice(project, language, *text.row);
+    case MeasuredText::help_line:
+        return room_of_help_line(project, text.name);
+    default:
+        return room_of_bubble(project);
+    }
+}
+
+void for_each_fit(const Project &project, const std::string &language, const Resources &pictures, const VisitFit &visit)
+{
+    for_each_text(project, pictures, [&](const MeasuredText &measured) {
+        MeasuredText text = measured;
+        // Its picture stands only until the host writes the text anew, in glyphs.
+        if (text.kind == MeasuredText::choice && text.row->item->free_text)
+            text.width = std::max(text.width, width_in_glyphs(text.text.words, pictures));
+        visit(text, room_of(project, language, text));
+    });
+    for (const Row &row : project.rows)
+        if (row.item->value_type == VALUE_NUMBER || row.item->value_type == VALUE_PERCENTAGE)
+            visit_number(project, language, pictures, row, visit);
+}
+
+static std::string pixels(int width, int room)
+{
+    return " (" + std::to_string(width) + " of " + std::to_string(room) + ")";
+}
+
+static void report_too_wide(const Project &project, const std::string &language, const MeasuredText &text, int room,
+                            Findings &findings)
+{
+    bool has_value = text.kind == MeasuredText::row_text && text.row->item->value_type != VALUE_NONE;
+    bool is_composed = text.kind == MeasuredText::bubble && text.width <= project.geometry.view_width;
+    const char *where = is_composed                            ? "beyond the lines that it is composed in"
+                        : text.kind == MeasuredText::help_line ? "beyond its room"
+                        : has_value                            ? "into the value column"
+                                                               : "off the view";
+    findings.add({text.text.place, is_composed ? "bubble-too-wide" : "text-too-wide",
+                  in_quotes(text.text.words) + " runs " + std::to_string(text.width - room) + " pixels " + where +
+                      " in " + language + pixels(text.width, room),
+                  text.row ? "shorten it, or move the column with 'value_offset_x' in osd_menu.json" : "shorten it",
+                  text.name, language});
+}
+
+// Numbers need no translation, and what the host writes is the same in every language.
+static bool is_translated(const MeasuredText &text)
+{
+    return text.kind != MeasuredText::choice || (text.row->item->value_type == VALUE_TXT && !text.row->item->free_text);
+}
+
+static void check_growth(const std::string &language, const MeasuredText &text, int room, Findings &findings)
+{
+    if (is_translated(text) && text.width * (100 + GROWTH_PERCENT) > room * 100)
+        findings.add({text.text.place, "no-room-to-translate",
+                      in_quotes(text.text.words) + " leaves " + std::to_string(room - text.width) +
+                          " pixels for longer translations" + pixels(text.width, room),
+                      "they are often " + std::to_string(GROWTH_PERCENT) + " % wider", text.name, language});
 }
 
 void check_layout(const Project &project, const std::string &language, const Resources &pictures, Findings &findings)
 {
-    Judge judge{project, language, findings};
-    for (size_t i = 0; i < project.rows.size(); i++)
-        check_row(judge, project.rows[i], pictures.items[i]);
-    for (size_t i = 0; i < project.menu.help_lines.size(); i++) {
-        const Line &line = project.menu.help_lines[i];
-        judge.fits(pictures.help_lines[i].picture, room_of_help_line(project, line), line.text, line.name,
-                   "beyond its room");
-    }
+    for_each_fit(project, language, pictures, [&](const MeasuredText &text, int room) {
+        if (text.width > room)
+            report_too_wide(project, language, text, room, findings);
+        else if (language == project.menu.source_language)
+            check_growth(language, text, room, findings);
+    });
 }

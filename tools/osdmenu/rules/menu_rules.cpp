@@ -3,9 +3,7 @@
 #include <algorithm>
 
 #include "common/text.h"
-
-// Coordinates are bytes below the mark of an absent level; at depth 3 one value more is taken.
-static constexpr size_t MAX_ROWS = LEVEL_ABSENT - 1;
+#include "rules/fixed_rules.h"
 
 // The library keeps 64 bytes of the path of a resource file, and the longest name has four.
 static constexpr size_t MAX_DIRECTORY = 59;
@@ -50,72 +48,87 @@ static void check_names(const Menu &menu, const std::vector<Row> &rows, Findings
 static void check_mark(const Row &row, Findings &findings)
 {
     const Item &item = *row.item;
-    if (item.enabled || row.depth < 2)
-        return;
-    if (row.depth == 3)
+    if (row.levels[row.depth] == LEVEL_ABSENT)
+        findings.add({item.place, "mark-collision",
+                      "no coordinate is left for " + in_quotes(item.name) + " and the rows below it",
+                      "a page has at most " + std::to_string(row.index) + " rows", item.name});
+    if (!item.enabled && row.depth == 3)
         findings.add({item.place, "mark-collision",
                       in_quotes(item.name) + " lies at depth 3, where a row cannot start disabled",
                       "its coordinate stands where the mark would; let the host disable it after loading", item.name});
-    else
+    if (!item.enabled && row.depth == 2)
         findings.add({item.place, "disabled-at-depth",
                       in_quotes(item.name) + " starts disabled at depth 2: its mark reads as a coordinate",
                       "the row keeps its place; the library logs 'list_add err' for it once per load", item.name});
 }
 
-// OK enters a page of two rows or more; on anything else it only calls the action.
-static void check_page(const Item *parent, const std::vector<Item> &items, Findings &findings)
+namespace
 {
-    Place place = parent ? parent->place : items.front().place;
-    std::string page = parent ? "the page of " + in_quotes(parent->name) : "the top list";
-    if (items.size() == 1)
-        findings.add({place, "single-child", page + " has one row", "OK enters a page of two rows or more",
-                      parent ? parent->name : items.front().name});
-    if (items.size() > MAX_ROWS)
-        findings.error(place, page + " has more than " + std::to_string(MAX_ROWS) + " rows");
-    if (!items.front().is_title())
-        findings.add({items.front().place, "untitled-page",
-                      in_quotes(items.front().name) + " is row 0 of " + page + ", which UP and DOWN don't reach",
-                      "begin with a row whose name contains 'title'", items.front().name});
-    if (parent && parent->name == "upgrade")
-        findings.add({place, "unreachable-page", "OK never enters the page of 'upgrade'", "", parent->name});
+
+struct Page {
+    const Item *parent; // null for the top list
+    const std::vector<Item> &items;
+    std::string words;
+    const Item &named_by; // what a suppression calls it
+};
+
+} // namespace
+
+// UP and DOWN go round between row 1 and the last one.
+static void check_title(const Menu &menu, const Page &page, Findings &findings)
+{
+    auto is_shown = [](const Item &item) { return item.enabled; };
+    auto end = page.items.end(), first = std::find_if(page.items.begin(), end, is_shown);
+    auto second = first == end ? end : std::find_if(first + 1, end, is_shown);
+    if (second != end && opening_item(menu, page.parent) == &*second && !first->is_title())
+        findings.add({first->place, "untitled-page",
+                      in_quotes(first->name) + " is row 0 of " + page.words + ", which UP and DOWN don't reach",
+                      "begin with a row whose name contains 'title'", first->name});
 }
 
-// Names that the library looks for at one depth only.
-static void check_fixed_depth(const Row &row, Findings &findings)
+// As the library walks a page: the first row that doesn't fit ends it, and a hidden one takes no room.
+static void check_height(const Page &page, const Geometry &geometry, Findings &findings)
 {
-    static constexpr std::pair<const char *, int> fixed[] = {
-        {"camera", 0},
-        {"osdmirror", 0},
-        {"aimodeselection", 0},
-        {"smartgallery_preset", 2},
-    };
-    for (const auto &[name, depth] : fixed)
-        if (row.item->name == name && row.depth != depth)
-            findings.add({row.item->place, "fixed-name",
-                          in_quotes(name) + " must lie at depth " + std::to_string(depth) + " (found at " +
-                              std::to_string(row.depth) + ")",
-                          "", name});
+    std::vector<std::string> beyond;
+    Place place;
+    int y = geometry.first_row;
+    for (const Item &item : page.items) {
+        if (!item.enabled)
+            continue;
+        if (y + geometry.line_height < geometry.view_height) {
+            y += geometry.line_height + geometry.row_gap * (item.is_title() ? 2 : 1);
+            continue;
+        }
+        if (beyond.empty())
+            place = item.place;
+        beyond.push_back(in_quotes(item.name));
+    }
+    if (!beyond.empty())
+        findings.add({place, "page-too-tall",
+                      page.words + " is too tall, these rows don't fit on the view: " + joined(beyond, ", "),
+                      "no key reaches them; move some to a page of their own, or choose a smaller font",
+                      page.named_by.name});
+}
+
+// OK enters a page of two rows or more; on anything else it only calls the action.
+static void check_page(const Project &project, const Item *parent, const std::vector<Item> &items, Findings &findings)
+{
+    Page page{parent, items, parent ? "the page of " + in_quotes(parent->name) : "the top list",
+              parent ? *parent : items.front()};
+    if (items.size() == 1)
+        findings.add({page.named_by.place, "single-child", page.words + " has one row",
+                      parent ? "OK enters a page of two rows or more" : "the list opens on its second row",
+                      page.named_by.name});
+    if (parent && parent->name == "upgrade")
+        findings.add({parent->place, "unreachable-page", "OK never enters the page of 'upgrade'", "", parent->name});
+    check_title(project.menu, page, findings);
+    check_height(page, project.geometry, findings);
 }
 
 static void check_colours(const Menu &menu, Findings &findings)
 {
     if (menu.display.pixel_format == PixelFormat::rgb565 && menu.colours.background.alpha != 255)
         findings.error({menu.path}, "RGB565 has no transparency, but the background has");
-}
-
-static void check_page_heights(const std::vector<Row> &rows, const Geometry &geometry, Findings &findings)
-{
-    // As the library walks a page: the first row that doesn't fit ends it.
-    int y = geometry.first_row;
-    for (const Row &row : rows) {
-        if (row.index == 0)
-            y = geometry.first_row;
-        if (y < geometry.view_height && y + geometry.line_height >= geometry.view_height)
-            findings.add({row.item->place, "page-too-tall",
-                          in_quotes(row.item->name) + " and the rows below it don't fit on the view",
-                          "move some to a page of their own, or choose a smaller font", row.item->name});
-        y += geometry.line_height + geometry.row_gap * (row.item->is_title() ? 2 : 1);
-    }
 }
 
 void check_menu(const Project &project, Findings &findings)
@@ -127,12 +140,12 @@ void check_menu(const Project &project, Findings &findings)
     if (menu.languages.empty() || menu.fonts.empty() || menu.items.empty())
         findings.error({menu.path}, "a menu needs at least a language, a font and an item");
     if (!menu.items.empty())
-        check_page(nullptr, menu.items, findings);
+        check_page(project, nullptr, menu.items, findings);
     for (const Row &row : rows) {
         check_mark(row, findings);
-        check_fixed_depth(row, findings);
         if (!row.item->items.empty())
-            check_page(row.item, row.item->items, findings);
+            check_page(project, row.item, row.item->items, findings);
     }
-    check_page_heights(rows, project.geometry, findings);
+    check_fixed_names(project, findings);
+    check_fixed_jumps(project, findings);
 }

@@ -1,8 +1,14 @@
 #include "rules/report.h"
 
+#include <algorithm>
+#include <filesystem>
 #include <fstream>
 
+#include <glib.h>
+
 #include "common/text.h"
+#include "rules/json.h"
+#include "rules/rule_table.h"
 
 // Read again for each finding: there are few, and most runs have none.
 static std::string line_of(const Place &place)
@@ -16,33 +22,125 @@ static std::string line_of(const Place &place)
 }
 
 // The source line and a mark below the column. Tabs stay tabs in the mark's line, so that it lands where it should.
-static void print_source(std::FILE *out, const Place &place)
+static std::string source(const Place &place)
 {
-    std::string line = line_of(place);
+    std::string line = line_of(place), mark, number = std::to_string(place.line);
     if (line.empty())
-        return;
-    std::string mark;
+        return {};
     for (size_t i = 0; i + 1 < static_cast<size_t>(place.column) && i < line.size(); i++)
         if (!is_utf8_continuation(line[i]))
             mark += line[i] == '\t' ? '\t' : ' ';
-    std::fprintf(out, "%5d | %s\n      | %s^\n", place.line, printable(line).c_str(), mark.c_str());
+    number.insert(0, 5 - std::min<size_t>(5, number.size()), ' ');
+    return number + " | " + printable(line) + "\n      | " + mark + "^\n";
 }
 
-static void print_text(std::FILE *out, const Finding &finding)
+static std::string text_finding(const Finding &finding)
 {
     const Place &place = finding.place;
     std::string where = printable(place.file);
     if (place.line > 0)
-        where.append(":").append(std::to_string(place.line)).append(":").append(std::to_string(place.column));
-    std::fprintf(out, "%s: %s: %s [%s]\n", where.c_str(), finding.severity == Severity::error ? "error" : "warning",
-                 printable(finding.text).c_str(), finding.rule.c_str());
-    print_source(out, place);
-    if (!finding.cure.empty())
-        std::fprintf(out, "      = %s\n", printable(finding.cure).c_str());
+        where += ":" + std::to_string(place.line) + ":" + std::to_string(place.column);
+    std::string cure = finding.cure.empty() ? "" : "      = " + printable(finding.cure) + "\n";
+    return where + ": " + severity_name(finding.severity) + ": " + printable(finding.text) + " [" + finding.rule +
+           "]\n" + source(place) + cure;
 }
 
-void print_report(std::FILE *out, const Findings &findings, ReportFormat)
+static std::string with_cure(const Finding &finding, const char *between)
 {
+    return finding.cure.empty() ? finding.text : finding.text + between + finding.cure;
+}
+
+// Scanners and forges know files by their way from where the tool runs.
+static std::string relative(const std::string &file)
+{
+    std::filesystem::path path(file);
+    return path.is_absolute() ? path.lexically_proximate(std::filesystem::current_path()).string() : file;
+}
+
+static std::string json_finding(const Finding &finding)
+{
+    return json_object({{"rule", json_quoted(finding.rule)},
+                        {"severity", json_quoted(severity_name(finding.severity))},
+                        {"file", json_quoted(finding.place.file)},
+                        {"line", std::to_string(finding.place.line)},
+                        {"column", std::to_string(finding.place.column)},
+                        {"text", json_quoted(finding.text)},
+                        {"cure", json_quoted(finding.cure)},
+                        {"item", json_quoted(finding.subject)},
+                        {"language", json_quoted(finding.language)}});
+}
+
+static std::string sarif_text(const std::string &text)
+{
+    return json_object({{"text", json_quoted(text)}});
+}
+
+static std::string sarif_rule(const Rule &rule)
+{
+    std::string level = json_object({{"level", json_quoted(severity_name(rule.severity))}});
+    return json_object({{"id", json_quoted(rule.name)},
+                        {"shortDescription", sarif_text(rule.summary)},
+                        {"fullDescription", sarif_text(rule.reason)},
+                        {"help", sarif_text(rule.cure)},
+                        {"defaultConfiguration", level}});
+}
+
+// What concerns a file as a whole stands in its first line.
+static std::string sarif_result(const Finding &finding)
+{
+    char *uri = g_uri_escape_string(relative(finding.place.file).c_str(), "/", FALSE);
+    std::string artifact = json_object({{"uri", json_quoted(uri)}});
+    g_free(uri);
+    std::string region = json_object({{"startLine", std::to_string(std::max(1, finding.place.line))},
+                                      {"startColumn", std::to_string(std::max(1, finding.place.column))}});
+    std::string physical = json_object({{"artifactLocation", artifact}, {"region", region}});
+    return json_object({{"ruleId", json_quoted(finding.rule)},
+                        {"level", json_quoted(severity_name(finding.severity))},
+                        {"message", sarif_text(with_cure(finding, "; "))},
+                        {"locations", json_array({json_object({{"physicalLocation", physical}})})}});
+}
+
+static std::string sarif_report(const std::vector<std::string> &results)
+{
+    std::vector<std::string> rules;
+    for (const Rule &rule : all_rules())
+        rules.push_back(sarif_rule(rule));
+    std::string driver = json_object({{"name", json_quoted("osdmenu")}, {"rules", json_array(rules)}});
+    std::string run = json_object({{"tool", json_object({{"driver", driver}})}, {"results", json_array(results)}});
+    return json_object({{"$schema", json_quoted("https://json.schemastore.org/sarif-2.1.0.json")},
+                        {"version", json_quoted("2.1.0")},
+                        {"runs", json_array({run})}});
+}
+
+// What parts a workflow command from its properties and these from each other can't stand in one as it is.
+static std::string escaped(const std::string &text, const std::string &marks)
+{
+    std::string result;
+    for (char c : text) {
+        char code[4];
+        std::snprintf(code, sizeof code, "%%%02X", static_cast<unsigned char>(c));
+        result += marks.find(c) == std::string::npos ? printable({c}) : code;
+    }
+    return result;
+}
+
+static std::string github_finding(const Finding &finding)
+{
+    return std::string("::") + severity_name(finding.severity) +
+           " file=" + escaped(relative(finding.place.file), "%\r\n:,") +
+           ",line=" + std::to_string(std::max(1, finding.place.line)) +
+           ",col=" + std::to_string(std::max(1, finding.place.column)) + ",title=" + finding.rule +
+           "::" + escaped(with_cure(finding, "\n"), "%\r\n") + "\n";
+}
+
+std::string report(const Findings &findings, ReportFormat format)
+{
+    static constexpr std::string (*shown[])(const Finding &) = {text_finding, json_finding, sarif_result,
+                                                                github_finding};
+    std::vector<std::string> parts;
     for (const Finding &finding : findings.sorted())
-        print_text(out, finding);
+        parts.push_back(shown[static_cast<size_t>(format)](finding));
+    if (format == ReportFormat::json)
+        return json_object({{"schema", "1"}, {"findings", json_array(parts)}}) + "\n";
+    return format == ReportFormat::sarif ? sarif_report(parts) + "\n" : joined(parts, "");
 }

@@ -8,4 +8,9 @@
 
 enum class ReportFormat { text, json, sarif, github };
 
-void print_report(std::FILE *out, const Findings &findings, ReportFormat format);
+std::string report(const Findings &findings, ReportFormat format);
+
+inline void print_report(std::FILE *out, const Findings &findings, ReportFormat format)
+{
+    std::fputs(report(findings, format).c_str(), out);
+}
