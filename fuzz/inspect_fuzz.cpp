@@ -1,12 +1,26 @@
 // Feeds the reader of resources and both forms of its report with files cut from one input: two bytes for the length of
-// each file, least first, or two of 255 for a missing one; then the files.
+// each file, least first, or two of 255 for a missing one; then the files. Two of 254 stand for a bank of pictures of
+// one pixel, as many as there must be: too long a thing to be found by chance.
 #include <cstdlib>
 #include <cstring>
 
 #include <glib.h>
 
 #include "menu/configuration.h"
+#include "resources/glyph_banks.h"
 #include "store/inspection.h"
+
+static std::string sound_bank()
+{
+    std::string bank;
+    for (int i = 0; i < GLYPH_COUNT; i++) {
+        osdmenu_view_bitmap size{};
+        size.height = 1;
+        size.width = size.stride = 2;
+        bank.append(reinterpret_cast<const char *>(&size), sizeof size).append("px");
+    }
+    return bank;
+}
 
 static std::map<std::string, std::string> take_files(const unsigned char *data, std::size_t size)
 {
@@ -16,6 +30,10 @@ static std::map<std::string, std::string> take_files(const unsigned char *data, 
         const std::size_t length = data[i * 2] | std::size_t{data[i * 2 + 1]} << 8;
         if (length == 0xFFFF)
             continue;
+        if (length == 0xFEFE) {
+            files[RESOURCE_FILES[i]] = sound_bank();
+            continue;
+        }
         const std::size_t taken = std::min(length, size - at);
         files[RESOURCE_FILES[i]].assign(reinterpret_cast<const char *>(data) + at, taken);
         at += taken;

@@ -11,7 +11,7 @@ static int run_tool(int argc, char **argv)
     CLI::App app{"Makes and shows the on-screen menus of a camera"};
     app.require_subcommand(1);
     Run run;
-    for (auto add : {add_build, add_shot})
+    for (auto add : {add_build, add_check, add_explain, add_extract, add_inspect, add_schema, add_shot})
         add(app, run);
     try {
         app.parse(argc, argv);

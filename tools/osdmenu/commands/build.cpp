@@ -1,9 +1,9 @@
 // osdmenu build: from menu.yaml to the directory that a device takes.
 
 #include <memory>
-#include <unistd.h>
 
 #include "commands/commands.h"
+#include "commands/progress.h"
 #include "common/text.h"
 #include "host/streams.h"
 #include "render/languages.h"
@@ -25,18 +25,6 @@ struct BuildOptions {
 
 } // namespace
 
-// One line on a terminal, nothing in a log.
-static void show_progress(std::FILE *stream, size_t done, size_t all, const std::string &language)
-{
-    if (!isatty(fileno(stream)))
-        return;
-    std::string bar(done * 30 / all, '#');
-    std::fprintf(stream, "\r\033[K[%-30s] %zu of %zu %s", bar.c_str(), done, all, language.c_str());
-    if (done == all)
-        std::fputs("\r\033[K", stream);
-    std::fflush(stream);
-}
-
 // The earlier result, when it stands there whole and was made from the same inputs.
 static Files earlier_files(const std::string &directory, const Manifest &manifest, const std::string &language,
                            const std::string &inputs)
@@ -45,7 +33,7 @@ static Files earlier_files(const std::string &directory, const Manifest &manifes
     if (record == manifest.records.end() || record->second.inputs != inputs)
         return {};
     Files files;
-    for (const char *name : {"m.d", "b.d", "c.d", "s.d", "hm.d", "hb.d", "bm.d", "bb.d"})
+    for (const char *name : RESOURCE_FILES)
         files[name] = read_file(directory + "/" + language + "/" + name).value_or("");
     return digest_of(files) == record->second.files ? files : Files();
 }
@@ -111,12 +99,9 @@ static int run_build(const BuildOptions &options)
     Findings findings, ignored;
     // No earlier result is trusted where the question is whether it is right.
     Manifest earlier = options.verify ? Manifest() : read_manifest(options.directory, ignored);
-    JudgeOptions judging{options.menu, options.pseudo, {}, {}};
+    JudgeOptions judging{.path = options.menu, .pseudo = options.pseudo, .progress = progress_on(streams.err)};
     judging.earlier = [&](const std::string &language, const std::string &inputs) {
         return earlier_files(options.directory, earlier, language, inputs);
-    };
-    judging.progress = [&](size_t done, size_t all, const std::string &language) {
-        show_progress(streams.err, done, all, language);
     };
     Judged judged = judge_menu(judging, findings);
     print_report(streams.err, findings, ReportFormat::text);

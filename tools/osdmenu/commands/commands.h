@@ -12,4 +12,9 @@ inline constexpr int STATUS_CLEAN = 0, STATUS_FINDINGS = 1, STATUS_USAGE = 2;
 inline constexpr int STATUS_UNCHECKED = 2; // of `check`: it could not judge
 
 void add_build(CLI::App &app, Run &run);
+void add_check(CLI::App &app, Run &run);
+void add_explain(CLI::App &app, Run &run);
+void add_extract(CLI::App &app, Run &run);
+void add_inspect(CLI::App &app, Run &run);
+void add_schema(CLI::App &app, Run &run);
 void add_shot(CLI::App &app, Run &run);

@@ -195,6 +195,6 @@ void add_shot(CLI::App &app, Run &run)
         ->check(CLI::Range(16, 8192));
     command->add_option("--height", options.height, "Of the view")->check(CLI::Range(16, 8192));
     command->add_option("--pixel-format", options.pixel_format, "In place of the manifest's")
-        ->check(CLI::IsMember({"ARGB1555", "RGB565"}));
+        ->check(CLI::IsMember({"ARGB1555", "ARGB4444", "RGB565"}));
     command->callback([&run, shared] { run = [shared] { return run_shot(*shared); }; });
 }

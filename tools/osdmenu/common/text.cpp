@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <numeric>
 
 #include <glib.h>
 
@@ -73,6 +74,33 @@ std::string joined(const std::vector<std::string> &texts, const std::string &bet
     for (const std::string &text : texts)
         result += (result.empty() ? "" : between) + text;
     return result;
+}
+
+// One row of the usual table at a time: `row[i]` is the distance to the first i letters of `to`.
+static size_t distance(const std::string &from, const std::string &to)
+{
+    std::vector<size_t> row(to.size() + 1);
+    std::iota(row.begin(), row.end(), size_t{0});
+    for (char letter : from) {
+        size_t diagonal = row[0]++;
+        for (size_t i = 0; i < to.size(); i++) {
+            size_t replaced = diagonal + (letter == to[i] ? 0 : 1);
+            diagonal = row[i + 1];
+            row[i + 1] = std::min({replaced, row[i] + 1, row[i + 1] + 1});
+        }
+    }
+    return row.back();
+}
+
+const std::string *nearest(const std::string &word, const std::vector<std::string> &known, size_t changes)
+{
+    const std::string *best = nullptr;
+    for (const std::string &candidate : known)
+        if (size_t needed = distance(word, candidate); best ? needed < changes : needed <= changes) {
+            best = &candidate;
+            changes = needed;
+        }
+    return best;
 }
 
 std::optional<std::string> read_file(const std::string &path)

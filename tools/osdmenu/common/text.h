@@ -31,5 +31,8 @@ std::optional<std::string> character_without_glyph(const std::string &text);
 std::string in_quotes(const std::string &text);
 std::string joined(const std::vector<std::string> &texts, const std::string &between);
 
+// The known word that takes the fewest changes of a letter, and at most so many. Null when none is that near.
+const std::string *nearest(const std::string &word, const std::vector<std::string> &known, size_t changes);
+
 // Nothing when it can't be read.
 std::optional<std::string> read_file(const std::string &path);

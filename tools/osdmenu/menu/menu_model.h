@@ -52,6 +52,9 @@ struct Colours {
     Colour bubble{0xf0, 0xf4, 0xfa, 255};
 };
 
+// Of a number or percentage: high, low, current, step.
+inline constexpr osdmenu_item_value_number STANDARD_LIMITS{100, 0, 0, 1};
+
 struct Item {
     std::string name;
     Place place;
@@ -62,7 +65,7 @@ struct Item {
     unsigned int value_type = VALUE_NONE;
     int current = 0; // of a choice its index
     std::vector<Text> choices;
-    osdmenu_item_value_number number{0, 0, 0, 0};
+    osdmenu_item_value_number number = STANDARD_LIMITS;
     std::vector<Item> items; // its own page
 
     // The library gives rows with such a name an extra gap below.
@@ -87,7 +90,7 @@ struct Symbols {
 
 struct Menu {
     std::string path;
-    std::string device_directory;
+    std::string device_directory = "/usr/share/osd_menu/";
     std::string accessory;
     std::string source_language = "en";
     std::vector<Language> languages;

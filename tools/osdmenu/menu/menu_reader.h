@@ -4,3 +4,6 @@
 #include "menu/menu_model.h"
 
 Menu read_menu(const std::string &path, Findings &findings);
+
+// The path is for the findings only.
+Menu read_menu_text(const std::string &path, const std::string &content, Findings &findings);

@@ -1,41 +1,61 @@
-// Reading YAML with places: mappings whose keys are all known, and scalars of a given kind.
+// Reading YAML with places, within bounds that no person's file comes near.
 #pragma once
 
-#include <functional>
-#include <initializer_list>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include <yaml-cpp/yaml.h>
 
-#include "render/pixels.h"
-#include "rules/findings.h"
+#include "menu/menu_keys.h"
+#include "menu/menu_model.h"
 
-class Yaml
+// The root of the only document. Nothing, and the fault told, when there is none to be had.
+std::optional<YAML::Node> parse_yaml(const std::string &path, const std::string &content, Findings &findings);
+
+// A mapping of the menu file, read by its keys. What is wrong with an entry is told at its place, and leaves the
+// result as it was.
+class Mapping
 {
   public:
-    Yaml(const std::string &path, Findings &findings);
+    // Tells of keys that are unknown, stand twice or are missing. An undefined node is a mapping without entries.
+    Mapping(const std::string &path, const YAML::Node &node, const std::string &kind, Findings &findings);
 
-    // The root; an empty mapping, with an error told, when the file can't be parsed.
-    YAML::Node root();
+    bool has(const std::string &key) const
+    {
+        return entry(key).IsDefined();
+    }
 
-    Place place(const YAML::Node &node) const;
+    // Of an entry's value; without the entry, of the mapping.
+    Place place(const std::string &key = {}) const;
 
-    // Tells about everything in a mapping that isn't one of the keys, or stands twice. False when it is no mapping.
-    bool check_keys(const YAML::Node &node, const std::string &what, std::initializer_list<const char *> keys);
+    // A text, a number, a flag, a colour; a text with its place, or a list of these.
+    template <typename Value> void read(const std::string &key, Value &result) const
+    {
+        if (has(key))
+            take(entry(key), *table.find(key), result);
+    }
 
-    // The entry, or an undefined node; a missing one that must be there is an error at the mapping.
-    YAML::Node required(const YAML::Node &map, const char *key, const std::string &what);
+    void error(const std::string &key, const std::string &text, const std::string &cure = {}) const;
 
-    std::optional<std::string> text(const YAML::Node &node, const std::string &what);
-    std::optional<int> number(const YAML::Node &node, const std::string &what);
-    std::optional<Colour> colour(const YAML::Node &node, const std::string &what);
-
-    // Calls back for each entry of a sequence; anything but a sequence is an error.
-    void each(const YAML::Node &node, const std::string &what, const std::function<void(const YAML::Node &)> &entry);
-
-    Findings &findings;
+    Mapping inner(const std::string &key) const;
+    std::vector<Mapping> list(const std::string &key) const;
 
   private:
+    YAML::Node entry(const std::string &key) const;
+    std::vector<YAML::Node> members(const YAML::Node &list, const Key &key) const;
+    bool is_readable() const;
+    void check_keys() const;
+    void fault(const YAML::Node &at, const std::string &text, const std::string &cure = {}) const;
+    void take(const YAML::Node &found, const Key &key, std::string &result) const;
+    void take(const YAML::Node &found, const Key &key, int &result) const;
+    void take(const YAML::Node &found, const Key &key, bool &result) const;
+    void take(const YAML::Node &found, const Key &key, Colour &result) const;
+    void take(const YAML::Node &found, const Key &key, Text &result) const;
+    void take(const YAML::Node &found, const Key &key, std::vector<Text> &result) const;
+
     std::string path;
+    YAML::Node node;
+    const KeyTable &table;
+    Findings &findings;
 };

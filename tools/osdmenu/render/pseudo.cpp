@@ -7,9 +7,6 @@
 
 #include "render/measured.h"
 
-// How much wider than its source a text may become where no translation tells.
-static constexpr int GROWTH_PERCENT = 30;
-
 // Each letter with a mark that reaches as high as any, so that a line too low for them shows.
 static const std::pair<const char *, const char *> accented_letters[] = {
     {"a", "å"}, {"c", "č"}, {"d", "ď"}, {"e", "ê"}, {"g", "ğ"}, {"h", "ĥ"}, {"i", "î"}, {"j", "ĵ"},

@@ -3,4 +3,7 @@
 
 #include "render/languages.h"
 
+// How much wider than its source a text may become where no translation tells.
+inline constexpr int GROWTH_PERCENT = 30;
+
 Wordings pseudo_wordings(const Project &project, const std::vector<RenderedLanguage> &languages);

@@ -210,6 +210,8 @@ Picture Renderer::picture_of(const Canvas &canvas) const
             if (word != last) {
                 Colour colour = colour_of(word);
                 packed = pack(format, colour == filled ? background : colour);
+                if (unpack(format, packed).alpha == 0) // rounded away
+                    packed = pack(format, background);
                 last = word;
             }
             picture.pixels.push_back(packed);

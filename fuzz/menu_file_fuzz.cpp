@@ -1,0 +1,19 @@
+// Feeds the reader of menu files and the rules that need no other file. The rules look at all rows, so a menu that was
+// taken without a finding holds together as the rest of the tool expects.
+#include "menu/menu_reader.h"
+#include "rules/menu_rules.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, std::size_t size)
+{
+    Findings findings;
+    const std::string content(reinterpret_cast<const char *>(data), size);
+    Project project;
+    project.menu = read_menu_text("menu.yaml", content, findings);
+    project.rows = rows_in_file_order(project.menu);
+    project.geometry = set_up_geometry(project.menu.display);
+    for (const Language &language : project.menu.languages)
+        project.translations[language.code];
+    check_menu(project, findings);
+    findings.settle(project.menu.check);
+    return 0;
+}
