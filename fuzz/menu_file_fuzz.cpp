@@ -1,5 +1,4 @@
-// Feeds the reader of menu files and the rules that need no other file. The rules look at all rows, so a menu that was
-// taken without a finding holds together as the rest of the tool expects.
+// Feeds the reader of menu files, and then the rules that need no other file: they walk all that the reader made.
 #include "menu/menu_reader.h"
 #include "rules/menu_rules.h"
 

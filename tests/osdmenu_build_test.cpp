@@ -193,6 +193,27 @@ TEST_F(Build, AWrongCallIsAnotherFailureThanAFindingAndOtherDirectoriesAreLeftAl
     write("m/menu.yaml", menu(one_item));
     EXPECT_EQ(run("osdmenu build m/menu.yaml"), 2);
     EXPECT_EQ(run("osdmenu --help"), 0);
-    EXPECT_EQ(run("mkdir my; touch my/letter; osdmenu build m/menu.yaml -o my"), 1);
-    EXPECT_TRUE(fs::exists(dir / "my/letter"));
+    EXPECT_EQ(run("osdmenu build m/menu.yaml -o my; touch my/en/letter; osdmenu build m/menu.yaml -o my"), 1);
+    EXPECT_NE(err.find("my: holds en/letter"), std::string::npos) << err;
+    EXPECT_TRUE(fs::exists(dir / "my/en/letter"));
+    EXPECT_EQ(run("osdmenu build m/menu.yaml -o my2 >/dev/full"), 1);
+    EXPECT_EQ(run("mkfifo pipe; cat pipe >got & osdmenu extract m/menu.yaml -o pipe; wait; grep -q msgid got"), 0);
+    EXPECT_EQ(run("osdmenu extract m/menu.yaml -o m/menu.yaml"), 1);
+}
+
+// Each of them takes away what a result would need, and none may cost the result that stands there.
+TEST_F(Build, WhatCannotBeReadOrPaintedStopsTheBuildAndLeavesNothingBehind)
+{
+    const std::string content = menu(one_item);
+    ASSERT_EQ(build(content), 0);
+    EXPECT_EQ(run("mkdir m/osd_menu.json made.new-999999; osdmenu build m/menu.yaml -o made"), 1);
+    EXPECT_NE(err.find("osd_menu.json: error: cannot be read [unreadable]"), std::string::npos) << err;
+    EXPECT_EQ(run("osdmenu check m/menu.yaml"), 2);
+    fs::remove(dir / "m/osd_menu.json");
+    EXPECT_EQ(build(content + "  - {name: b, text: " + std::string(250, 'W') + "}\n"), 1);
+    EXPECT_NE(err.find("is wider than any view in en [menu-file]"), std::string::npos) << err;
+    EXPECT_EQ(build(std::string(content).replace(content.find("[en]"), 4, "[en, pseudo]")), 1);
+    EXPECT_TRUE(fs::exists(dir / "made/en/b.d"));
+    EXPECT_EQ(build(content), 0);
+    EXPECT_FALSE(fs::exists(dir / "made.new-999999")); // of a process that was killed
 }

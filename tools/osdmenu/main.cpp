@@ -2,14 +2,17 @@
 
 #include <cstdio>
 #include <exception>
+#include <filesystem>
 
 #include "commands/commands.h"
 #include "common/text.h"
+#include "host/streams.h"
 
 static int run_tool(int argc, char **argv)
 {
     CLI::App app{"Makes and shows the on-screen menus of a camera"};
     app.require_subcommand(1);
+    app.set_version_flag("--version", "osdmenu " OSDMENU_VERSION);
     Run run;
     for (auto add : {add_build, add_check, add_explain, add_extract, add_inspect, add_schema, add_shot})
         add(app, run);
@@ -20,7 +23,14 @@ static int run_tool(int argc, char **argv)
         return app.exit(e) == 0 ? 0 : STATUS_USAGE;
     }
     try {
-        return run();
+        int status = run();
+        // A full disk must not pass for a clean result.
+        if (std::fflush(stdout) != 0 || std::ferror(stdout) || Streams::output_failed)
+            throw Failure("standard output cannot be written");
+        return status;
+    } catch (const std::filesystem::filesystem_error &e) {
+        std::fprintf(stderr, "osdmenu: %s: %s\n", printable(e.path1().string()).c_str(), e.code().message().c_str());
+        return STATUS_FINDINGS;
     } catch (const std::exception &e) {
         std::fprintf(stderr, "osdmenu: %s\n", printable(e.what()).c_str());
         return STATUS_FINDINGS;

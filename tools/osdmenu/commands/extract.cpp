@@ -90,6 +90,8 @@ static int run_extract(const std::string &menu, const std::string &output)
     print_report(streams.err, findings, ReportFormat::text);
     if (findings.has_rule("menu-file") || findings.has_rule("unreadable"))
         return STATUS_FINDINGS;
+    if (std::filesystem::exists(output) && std::filesystem::equivalent(output, menu))
+        throw Failure(output + ": is the menu itself");
     std::string text = template_of(*read_project(menu, others));
     if (!output.empty())
         replace_file(output, text);

@@ -31,9 +31,12 @@ Streams::Streams(const std::string &trace_path)
     close(trace);
 }
 
+bool Streams::output_failed = false;
+
 Streams::~Streams()
 {
     std::fflush(nullptr);
+    output_failed = output_failed || std::ferror(out);
     dup2(fileno(out), STDOUT_FILENO);
     dup2(fileno(err), STDERR_FILENO);
     std::fclose(out);

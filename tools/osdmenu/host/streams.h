@@ -15,4 +15,6 @@ class Streams
 
     std::FILE *out;
     std::FILE *err;
+
+    static bool output_failed; // of any `out` that has gone
 };

@@ -181,6 +181,10 @@ Configuration::Configuration(const Menu &menu, const std::vector<Row> &rows, Fin
 {
     std::string path = (std::filesystem::path(menu.path).parent_path() / "osd_menu.json").string();
     std::optional<std::string> content = read_file(path);
+    if (!content && std::filesystem::exists(path)) {
+        findings.add({Place{path}, "unreadable", "cannot be read"});
+        return;
+    }
     Checked in{path, content.value_or("{}"), menu, rows, findings};
     const char *end = nullptr;
     // Strict: text behind the object is a mistake as well, though the library would let it pass.

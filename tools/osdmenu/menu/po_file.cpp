@@ -48,7 +48,7 @@ static PoFile parse(const std::string &path, Findings &faults)
     const char *header = po ? po_file_domain_header(po.get(), nullptr) : nullptr;
     if (!faults.has_errors() && (!header || !strcasestr(header, "charset=UTF-8")))
         faults.error({path, 1, 1}, "there is no header that says charset=UTF-8",
-                     "another encoding becomes this one with: msgconv -t UTF-8 -o " + path + " " + path);
+                     header ? "another encoding becomes this one with: msgconv -t UTF-8 -o " + path + " " + path : "");
     return po;
 }
 

@@ -1,6 +1,7 @@
 #include "menu/translations.h"
 
 #include <algorithm>
+#include <filesystem>
 
 #include <glib.h>
 
@@ -58,7 +59,11 @@ Translations::Translations(const std::string &path, Findings &findings) : file(p
         texts[{context ? context : "", source}] = {state == TranslationState::translated ? words : source, state,
                                                    place};
     };
-    if (read_file(path) && !read_po_file(path, findings, take))
+    if (!std::filesystem::exists(path))
+        return;
+    if (!read_file(path))
+        findings.add({Place{path}, "unreadable", "cannot be read"});
+    else if (!read_po_file(path, findings, take))
         file.clear();
 }
 

@@ -25,6 +25,11 @@ struct Translation {
     std::string words;
     TranslationState state = TranslationState::translated;
     Place place; // in the PO file, or in the menu where that has no entry
+
+    bool is_translated() const
+    {
+        return state == TranslationState::translated || state == TranslationState::same_on_purpose;
+    }
 };
 
 class Translations

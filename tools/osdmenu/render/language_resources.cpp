@@ -37,8 +37,9 @@ struct Writer {
     void glyphs();
 
   private:
-    Picture picture(const Text &text, const std::string &name, Style style, const Wording &wording);
-    void described(const char *name, const Wording &wording, const Text &text, const std::string &subject);
+    void tell_missing(const Rendered &rendered, const Place &place, const std::string &name, const std::string &shown);
+    Picture picture(const std::string &name, Style style, const Wording &wording);
+    void described(const char *name, const Wording &wording, const std::string &subject);
     void choices(const Item &item);
 };
 
@@ -62,27 +63,36 @@ static void describe(osdmenu_view_bitmap &block, const Picture &picture, PixelFo
 }
 
 // What rendering found goes out with the name and the language that only this file knows.
-Picture Writer::picture(const Text &text, const std::string &name, Style style, const Wording &wording)
+void Writer::tell_missing(const Rendered &rendered, const Place &place, const std::string &name,
+                          const std::string &shown)
+{
+    if (!rendered.missing.empty())
+        job.findings.add({place, "missing-character",
+                          "no font has " + joined(rendered.missing, " ") + " of " + shown + " in " + job.language,
+                          "add a font that has it to 'fonts'", name, job.language});
+}
+
+Picture Writer::picture(const std::string &name, Style style, const Wording &wording)
 {
     style.width = wording.width;
     Rendered rendered = job.renderer.text(wording.words, style);
-    if (!rendered.missing.empty())
-        job.findings.add({text.place, "missing-character",
-                          "no font has " + joined(rendered.missing, " ") + " of " + in_quotes(wording.words),
-                          "add a font that has it to 'fonts'", name, job.language});
+    tell_missing(rendered, wording.place, name, in_quotes(wording.words));
     if (rendered.is_cut)
-        job.findings.add({text.place, "ink-cut",
-                          in_quotes(wording.words) + " stands above or below its line and is cut",
+        job.findings.add({wording.place, "ink-cut",
+                          in_quotes(wording.words) + " stands above or below its line and is cut in " + job.language,
                           "choose a smaller 'percent' for its font", name, job.language});
+    if (rendered.is_beyond)
+        job.findings.error(wording.place, in_quotes(wording.words) + " is wider than any view in " + job.language,
+                           "no picture has more than " + std::to_string(MAX_PICTURE_SIDE) + " pixels in a row");
     return rendered.picture;
 }
 
 // The description beside a picture, for hosts that print it.
-void Writer::described(const char *name, const Wording &wording, const Text &text, const std::string &subject)
+void Writer::described(const char *name, const Wording &wording, const std::string &subject)
 {
     std::string words = cut_utf8(wording.words, MAX_TEXT);
     if (words.size() < wording.words.size())
-        job.findings.add({text.place, "description-cut",
+        job.findings.add({wording.place, "description-cut",
                           "the description is cut at " + std::to_string(words.size()) + " of " +
                               std::to_string(wording.words.size()) + " bytes in " + job.language,
                           "its picture is whole", subject, job.language});
@@ -106,13 +116,13 @@ static Style row_style(const Item &item, const Colours &colours)
 void Writer::choices(const Item &item)
 {
     for (const Text &choice : item.choices) {
-        Wording wording = item.free_text ? Wording{choice.words} : job.wordings(choice, item.name);
-        Picture chosen = picture(choice, item.name, {job.project.menu.colours.value}, wording);
+        Wording wording = item.free_text ? Wording{choice.words, choice.place} : job.wordings(choice, item.name);
+        Picture chosen = picture(item.name, {job.project.menu.colours.value}, wording);
         osdmenu_item_value image = zeroed<osdmenu_item_value>();
         image.type = VALUE_TXT;
         describe(image.u.txt.viewbitmap, chosen, job.project.menu.display.pixel_format);
         record("m.d", image);
-        described("b.d", wording, choice, item.name);
+        described("b.d", wording, item.name);
         pixels("b.d", chosen);
     }
 }
@@ -122,7 +132,7 @@ void Writer::row(const Row &row)
 {
     const Item &item = *row.item;
     Wording wording = job.wordings(item.text, item.name);
-    Picture view = picture(item.text, item.name, row_style(item, job.project.menu.colours), wording);
+    Picture view = picture(item.name, row_style(item, job.project.menu.colours), wording);
     osdmenu_item image = zeroed<osdmenu_item>();
     std::memcpy(image.position.levels, row.levels, sizeof row.levels);
     describe(image.view.viewbitmap, view, job.project.menu.display.pixel_format);
@@ -136,7 +146,7 @@ void Writer::row(const Row &row)
         std::memcpy(&image.item_values.u, &count, sizeof count);
     record("m.d", image);
     string("b.d", item.name);
-    described("b.d", wording, item.text, item.name);
+    described("b.d", wording, item.name);
     pixels("b.d", view);
     choices(item);
 }
@@ -145,7 +155,7 @@ void Writer::line(const Line &line, Style style, bool is_bubble)
 {
     Wording wording = job.wordings(line.text, line.name);
     style.indent = line.indent;
-    Picture view = picture(line.text, line.name, style, wording);
+    Picture view = picture(line.name, style, wording);
     osdbubbleline image = zeroed<osdbubbleline>();
     describe(image.viewbitmap, view, job.project.menu.display.pixel_format);
     image.level = line.level;
@@ -154,7 +164,7 @@ void Writer::line(const Line &line, Style style, bool is_bubble)
     const char *data = is_bubble ? "bb.d" : "hb.d";
     file(is_bubble ? "bm.d" : "hm.d").append(reinterpret_cast<const char *>(&image), size);
     string(data, line.name);
-    described(data, wording, line.text, line.name);
+    described(data, wording, line.name);
     pixels(data, view);
 }
 
@@ -166,16 +176,20 @@ void Writer::glyphs()
         record(name, image);
         pixels(name, picture);
     };
-    const Symbols &symbols = job.project.menu.symbols;
-    for (int i = 0; i < GLYPH_COUNT; i++)
-        block("c.d", job.renderer.glyph(osdmenu_common_char[i]));
-    Style style{job.project.menu.colours.pointer};
-    for (size_t i = 0; i < symbols.marks.size(); i++)
-        block("s.d", symbols.marks[i].words.empty()
-                         ? job.renderer.triangle(static_cast<int>(i))
-                         : picture(symbols.marks[i], "symbols", style, {symbols.marks[i].words}));
-    for (const Text &symbol : symbols.more)
-        block("s.d", picture(symbol, "symbols", style, {symbol.words}));
+    const Menu &menu = job.project.menu;
+    for (int i = 0; i < GLYPH_COUNT; i++) {
+        Rendered glyph = job.renderer.glyph(osdmenu_common_char[i]);
+        tell_missing(glyph, Place{menu.path}, "glyphs", "the glyphs");
+        block("c.d", glyph.picture);
+    }
+    Style style{menu.colours.pointer};
+    auto symbol = [&](const Text &text) { return picture("symbols", style, {text.words, text.place}); };
+    for (size_t i = 0; i < menu.symbols.marks.size(); i++) {
+        const Text &mark = menu.symbols.marks[i];
+        block("s.d", mark.words.empty() ? job.renderer.triangle(static_cast<int>(i)) : symbol(mark));
+    }
+    for (const Text &text : menu.symbols.more)
+        block("s.d", symbol(text));
 }
 
 // A pair without a record is still a pair: the loader opens both files.

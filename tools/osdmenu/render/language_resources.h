@@ -10,10 +10,11 @@
 
 using Files = std::map<std::string, std::string>; // content by name
 
-// What stands for a text of the menu: its words, and the pixels that their picture must fill, or 0.
+// What stands for a text of the menu in a language.
 struct Wording {
     std::string words;
-    int width = 0;
+    Place place;   // of the words: in the menu or in a PO file
+    int width = 0; // pixels that their picture must fill, 0 for none but its own
 };
 
 // By the text and the name of its item or line.

@@ -80,6 +80,15 @@ static Files render(const Project &project, const std::string &language, const F
     return make_language_resources({project, renderer, wordings, language, findings});
 }
 
+// What comes after counts on every record being there.
+static Resources read_back(const RenderedLanguage &language)
+{
+    Resources resources = read_resources(files_in_memory(language.files));
+    for (const Fault &fault : resources.faults)
+        throw Failure(language.code + "/" + fault.file + ": " + fault.text);
+    return resources;
+}
+
 static void render_language(Work &work, size_t index, FontStore &store)
 {
     RenderedLanguage &result = work.languages[index];
@@ -89,13 +98,16 @@ static void render_language(Work &work, size_t index, FontStore &store)
     result.is_reused = !result.files.empty();
     if (!result.is_reused) {
         const Translations &texts = work.project.texts_of(result.code);
-        auto wording = [&](const Text &text, const std::string &name) { return Wording{texts.of(text, name).words}; };
+        auto wording = [&](const Text &text, const std::string &name) {
+            Translation shown = texts.of(text, name);
+            return Wording{shown.words, shown.is_translated() ? shown.place : text.place};
+        };
         result.files = render(work.project, result.code, store.of(families), wording, work.findings[index]);
         // What rendering found must be told again by the next run.
         if (!work.findings[index].sorted().empty())
             result.inputs.clear();
     }
-    result.resources = read_resources(files_in_memory(result.files));
+    result.resources = read_back(result);
 }
 
 static void work_on(Work &work)
@@ -140,7 +152,11 @@ RenderedLanguage render_pseudo_language(const Project &project, const LanguageFo
 {
     Fonts made(fonts.at(project.menu.source_language));
     RenderedLanguage result{PSEUDO_LANGUAGE};
-    result.files = render(project, result.code, made, pseudo_wordings(project, languages), findings);
-    result.resources = read_resources(files_in_memory(result.files));
+    Findings found;
+    result.files = render(project, result.code, made, pseudo_wordings(project, languages), found);
+    // That a font lacks one of the made-up letters is no fault of the menu.
+    found.settle({{{"missing-character", Severity::off}}, {}});
+    findings.append(found);
+    result.resources = read_back(result);
     return result;
 }

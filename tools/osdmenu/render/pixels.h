@@ -18,6 +18,8 @@ struct Colour {
 // The numbers are the codes that stand in the resource files.
 enum class PixelFormat : unsigned int { argb1555 = 0, rgb565 = 1, argb4444 = 2 };
 
+inline constexpr int MAX_PICTURE_SIDE = 8192; // pixels: far above any view, far below what fills the memory
+
 // One block of pixels as the resource files hold it. Sizes as in osdmenu_view_bitmap: `width` and `stride` are bytes.
 struct Picture {
     unsigned int height = 0;

@@ -27,11 +27,6 @@ using Widths = std::map<std::pair<std::string, std::string>, Width>; // by name 
 
 } // namespace
 
-static bool is_translated(const Translation &translation)
-{
-    return translation.state == TranslationState::translated || translation.state == TranslationState::same_on_purpose;
-}
-
 static Widths widths_of(const Project &project, const std::vector<RenderedLanguage> &languages)
 {
     Widths widths;
@@ -40,7 +35,7 @@ static Widths widths_of(const Project &project, const std::vector<RenderedLangua
             Width &width = widths[{measured.name, measured.text.words}];
             if (language.code == project.menu.source_language)
                 width.source = measured.width;
-            else if (is_translated(project.texts_of(language.code).of(measured.text, measured.name)))
+            else if (project.texts_of(language.code).of(measured.text, measured.name).is_translated())
                 width.widest = std::max(width.widest, measured.width);
         });
     return widths;
@@ -60,14 +55,18 @@ static std::string accented(const std::string &words)
     return result;
 }
 
-// Enough letters behind it that stretching to the exact width hardly shows.
+// Enough letters behind it that stretching to the exact width hardly shows. They are the text's own, which its font
+// has.
 static std::string padded(const std::string &words, int width, int wanted)
 {
-    long letters = std::max(1L, g_utf8_strlen(words.c_str(), -1));
-    long missing = width > 0 ? (wanted - width) * letters / width : 0;
     std::string result = accented(words);
-    for (long i = 0; i < missing; i++)
-        result += i % 2 ? "ő" : "Å";
+    long letters = std::max(1L, g_utf8_strlen(result.c_str(), -1));
+    long missing = width > 0 ? (wanted - width) * letters / width : 0;
+    for (size_t at = 0; missing > 0 && at < result.size(); missing--) {
+        size_t next = static_cast<size_t>(g_utf8_next_char(result.c_str() + at) - result.c_str());
+        result += result.substr(at, next - at);
+        at = next;
+    }
     return result;
 }
 
@@ -76,9 +75,9 @@ Wordings pseudo_wordings(const Project &project, const std::vector<RenderedLangu
     return [widths = widths_of(project, languages)](const Text &text, const std::string &name) {
         auto found = widths.find({name, text.words});
         if (found == widths.end())
-            return Wording{text.words};
+            return Wording{text.words, text.place};
         const Width &width = found->second;
         int wanted = width.widest ? std::max(width.widest, width.source) : width.source * (100 + GROWTH_PERCENT) / 100;
-        return Wording{padded(text.words, width.source, wanted), wanted};
+        return Wording{padded(text.words, width.source, wanted), text.place, wanted};
     };
 }

@@ -235,10 +235,11 @@ void Renderer::paint(const Canvas &canvas, PangoLayoutLine *line, double x, doub
     pango_cairo_show_layout_line(canvas.cairo, line);
 }
 
-// Asked only of a text that has some.
-static std::vector<std::string> missing_characters(const Fonts &fonts, const std::string &words)
+static std::vector<std::string> missing_characters(const Fonts &fonts, const Layout &laid, const std::string &words)
 {
     std::vector<std::string> missing;
+    if (pango_layout_get_unknown_glyphs_count(laid.layout) == 0)
+        return missing;
     for (const char *at = words.c_str(); *at; at = g_utf8_next_char(at)) {
         std::string character(at, static_cast<size_t>(g_utf8_next_char(at) - at));
         Layout layout(fonts, character, 10, false);
@@ -256,28 +257,29 @@ Rendered Renderer::text(const std::string &words, const Style &style) const
     layout.colour_from(words.size(), menu.colours.disabled);
     const PangoRectangle ink = layout.ink();
     const int ink_width = std::max(1, ink.width + 2 * outline);
-    const int width = style.width ? std::max(style.width, style.indent + 1) : style.indent + ink_width;
+    const int wanted = style.width ? std::max(style.width, style.indent + 1) : style.indent + ink_width;
+    const int width = std::min(wanted, MAX_PICTURE_SIDE);
     Canvas canvas(width, geometry.line_height, canvas_background());
     cairo_translate(canvas.cairo, style.indent, 0);
-    cairo_scale(canvas.cairo, static_cast<double>(width - style.indent) / ink_width, 1);
+    cairo_scale(canvas.cairo, static_cast<double>(wanted - style.indent) / ink_width, 1);
     paint(canvas, layout.line(), outline - ink.x, base, style.colour);
-    Rendered rendered{picture_of(canvas)};
-    if (pango_layout_get_unknown_glyphs_count(layout.layout) > 0)
-        rendered.missing = missing_characters(fonts, words);
+    Rendered rendered{picture_of(canvas), missing_characters(fonts, layout, words + style.suffix)};
+    rendered.is_beyond = wanted > width;
     rendered.is_cut = base + ink.y - outline < 0 || base + ink.y + ink.height + outline > geometry.line_height;
     return rendered;
 }
 
 // As wide as its advance, so that digits stand as in a text; the stride keeps rows on 4-byte bounds.
-Picture Renderer::glyph(char character) const
+Rendered Renderer::glyph(char character) const
 {
-    Layout layout(fonts, std::string(1, character), geometry.text_size, false);
+    std::string words(1, character);
+    Layout layout(fonts, words, geometry.text_size, false);
     int width = std::max(1, layout.logical().width);
     Canvas canvas(width + width % 2, geometry.line_height, canvas_background());
     paint(canvas, layout.line(), 0, baseline(), menu.colours.value);
     Picture picture = picture_of(canvas);
     picture.width = static_cast<unsigned int>(width) * 2;
-    return picture;
+    return {picture, missing_characters(fonts, layout, words)};
 }
 
 // Two of them stand side by side in help lines, three quarters of a line apart.

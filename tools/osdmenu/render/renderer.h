@@ -18,6 +18,7 @@ struct Rendered {
     Picture picture;
     std::vector<std::string> missing = {}; // characters that no font has
     bool is_cut = false;                   // ink above or below the line
+    bool is_beyond = false;                // cut at the width that no picture may pass
 };
 
 class Renderer
@@ -26,7 +27,7 @@ class Renderer
     Renderer(const Menu &menu, const Geometry &geometry, const Fonts &fonts, const std::string &language);
 
     Rendered text(const std::string &words, const Style &style) const;
-    Picture glyph(char character) const;
+    Rendered glyph(char character) const;
 
     // As symbol `index` of the four that pages and help lines paint.
     Picture triangle(int index) const;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "common/text.h"
+#include "render/languages.h"
 #include "rules/fixed_rules.h"
 
 // The library keeps 64 bytes of the path of a resource file, and the longest name has four.
@@ -36,6 +37,8 @@ static void check_names(const Menu &menu, const std::vector<Row> &rows, Findings
         check_name(line.name, line.place, bubbles, findings);
     for (const Language &language : menu.languages) {
         check_name(language.code, language.place, languages, findings);
+        if (language.code == PSEUDO_LANGUAGE)
+            findings.error(language.place, "'pseudo' is the code of the made-up language that build --pseudo adds");
         std::string directory = menu.device_directory + language.code + "/";
         if (directory.size() > MAX_DIRECTORY)
             findings.add({language.place, "directory-too-long",

@@ -1,5 +1,7 @@
 #include "rules/translation_rules.h"
 
+#include <filesystem>
+
 #include "common/text.h"
 
 static constexpr struct {
@@ -30,11 +32,14 @@ void check_translations(const Project &project, Findings &findings)
     std::vector<TranslatableText> all = texts_to_translate(project.menu, project.rows);
     for (const auto &[code, fonts, place] : project.menu.languages) {
         const Translations &texts = project.texts_of(code);
-        if (texts.path().empty() || read_file(texts.path()))
+        if (texts.path().empty() || std::filesystem::exists(texts.path()))
             for (const TranslatableText &text : all)
                 check_text(text, code, texts, findings);
         else
             findings.add({place, "missing-translation", "there is no " + texts.path() + " to be read",
-                          "make it with: msginit --no-translator -l " + code + " -o " + texts.path(), "", code});
+                          "make it with: osdmenu extract " + project.menu.path + " -o menu.pot; mkdir -p " +
+                              std::filesystem::path(texts.path()).parent_path().string() +
+                              "; msginit --no-translator -l " + code + " -i menu.pot -o " + texts.path(),
+                          "", code});
     }
 }

@@ -4,15 +4,16 @@
 #include <optional>
 
 #include "common/text.h"
+#include "render/pixels.h"
 #include "resources/glyph_banks.h"
 
 namespace
 {
 
-constexpr unsigned int MAX_SIDE = 8192; // rows, or pixels of a row
-constexpr size_t MAX_STRING = 128;      // bytes read before a string ends without a terminator
-constexpr size_t MIN_SYMBOLS = 4;       // what pages and help lines paint
-constexpr size_t MAX_SYMBOLS = 31;      // with one more the library's load fails
+constexpr unsigned int MAX_SIDE = MAX_PICTURE_SIDE;
+constexpr size_t MAX_STRING = 128; // bytes read before a string ends without a terminator
+constexpr size_t MIN_SYMBOLS = 4;  // what pages and help lines paint
+constexpr size_t MAX_SYMBOLS = 31; // with one more the library's load fails
 
 using Contents = std::map<std::string, std::string>; // by file name
 
