@@ -62,6 +62,10 @@ static const struct {
     {"bubble-too-wide", "the lines", menu(two, bubble + "1000}]\n"), menu(two, bubble + "950}]\n")},
     {"text-too-wide", "off the view", menu(two, bubble + "900}]\ndisplay: {width: 900}\n"), two},
     {"text-too-wide", "'-20000000'", rows(1, 1, low + "000}"), rows(1, 1, low + "0}"), with(column, "500", "510")},
+    {"text-too-wide", "'WWWW",
+     menu("  - {name: kz73versionshow, free_text: A}\n", "accessory: " + std::string(31, 'W') + "\n"),
+     menu("  - {name: kz73versionshow, free_text: A}\n", "accessory: W\n")},
+    {"missing-glyph", "no glyph for '<'", "  - {name: a, free_text: a<b}\n", "  - {name: a, free_text: a_b}\n"},
     {"duplicate-name", "in line 6", rows(1) + rows(1), menu(two, "help_lines: [{name: r1, text: R}]\n")},
     {"disabled-at-depth", "'r2' starts", deep(rows(3, 2, hidden)), rows(3, 2, hidden)},
     {"mark-collision", "no coordinate is left for 'r255'", rows(255), rows(254)},
@@ -73,12 +77,15 @@ static const struct {
      menu(rows(3, 3, hidden), "display: {height: 301}\n")},
     {"single-child", "one row", rows(1, 1, ", items: [{name: title2, text: A}]"), page()},
     {"unreachable-page", "'upgrade'", page("upgrade"), page()},
+    {"unreachable-page", "closes at once", page("p", "title2, enabled: false", "b" + hidden), page()},
     {"untitled-page", "'a' is row 0 of", page("p", "a"), page(far, "a")},
     {"directory-too-long", "59 bytes", with(menu(two), "res", d + "d"), with(menu(two), "res", d)},
     {"unreadable", "no JSON object", two, two, "{", "{}"},
     {"fixed-name", "depth 0 (found at 1)", page("p", "title2", info), with(two, "r1", info)},
     {"fixed-name", "row 1, but", with(rows(2, 2, hidden), "r2", info), with(rows(2, 1, hidden), "r2", info)},
     {"fixed-name", "has no", page(info), page(info, "title2", back)},
+    {"fixed-name", "last row, which is 'b'", page(info, "title2", back + "}, {name: b"),
+     page(info, "title2", "b}, {name: " + back)},
     {"fixed-name", "belongs on", page("p", "title2", back), two},
     {"fixed-jump", "row 8 of its page, which is 'r9'", deep(with(rows(9, 4, hidden), "r8", far)),
      deep(with(rows(9, 8, hidden), "r8", far)), jumps},
@@ -107,6 +114,7 @@ static const struct {
     {0, wide, "", "\n0 errors, 1 warning in 1 language\n"},
     {2, menu(two, "", "Nosuch Sans"), "", "[unreadable]"},
     {2, two, "-o no/such/file", ""},
+    {2, two, "--headroom --format sarif", ""},
     {1, "check: {severity: {text-too-wide: error}}\n" + wide, "", "1 error, 0 warnings"},
     {0, "check: {severity: {text-too-wide: off}}\n" + wide, "--strict", "no findings"},
     {0, known + "'a:b', language: en}]}\n" + wide, "--strict", "no findings"},
@@ -119,6 +127,15 @@ TEST_F(Check, TheStatusFollowsWhatTheMenuAndTheCallerMakeOfTheFindings)
         EXPECT_EQ(check(source, options), status) << source << out << err;
         EXPECT_TRUE(told(words)) << words << "\n" << out;
     }
+}
+
+TEST_F(Check, ATooWideTranslationIsToldInItsPoFile)
+{
+    write("m/po/de.po", "msgid \"\"\nmsgstr \"Content-Type: text/plain; charset=UTF-8\\n\"\n\nmsgctxt \"r1\"\n"
+                        "msgid \"R\"\nmsgstr \"" +
+                            std::string(90, 'D') + "\"\n");
+    check(with(menu("  - {name: r1, text: R}\n"), "[en]", "[en, de]"), "");
+    EXPECT_TRUE(told("m/po/de.po:5:1: warning: 'DDD")) << out;
 }
 
 TEST_F(Check, EveryFormatTellsTheSameFindingToItsReader)

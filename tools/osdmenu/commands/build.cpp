@@ -33,8 +33,9 @@ static Files earlier_files(const std::string &directory, const Manifest &manifes
     if (record == manifest.records.end() || record->second.inputs != inputs)
         return {};
     Files files;
+    FileSource source = files_of_directory(directory + "/" + language);
     for (const char *name : RESOURCE_FILES)
-        files[name] = read_file(directory + "/" + language + "/" + name).value_or("");
+        files[name] = source(name).value_or("");
     return digest_of(files) == record->second.files ? files : Files();
 }
 

@@ -90,5 +90,9 @@ void add_check(CLI::App &app, Run &run)
     command->add_option("-o,--output", options->output, "File to write in place of standard output");
     command->add_flag("--strict", options->strict, "Warnings count like errors");
     command->add_flag("--headroom", options->headroom, "Shows the free pixels of every text, as text or json");
-    command->callback([&run, options] { run = [options] { return run_check(*options); }; });
+    command->callback([&run, options] {
+        if (options->headroom && options->format != "text" && options->format != "json")
+            throw CLI::ValidationError("--headroom", "shows text or json, not " + options->format);
+        run = [options] { return run_check(*options); };
+    });
 }

@@ -55,8 +55,10 @@ static int refuse(const std::string &name)
     std::vector<std::string> names;
     for (const Rule &rule : all_rules())
         names.push_back(rule.name);
-    std::fprintf(stderr, "osdmenu: no rule %s; did you mean %s?\n", in_quotes(printable(name)).c_str(),
-                 in_quotes(*nearest(name, names, std::string::npos)).c_str());
+    static constexpr size_t MOST_SLIPS = 3;
+    const std::string *meant = nearest(name, names, MOST_SLIPS);
+    std::string cure = meant ? "did you mean " + in_quotes(*meant) + "?" : "osdmenu explain lists them all";
+    std::fprintf(stderr, "osdmenu: no rule %s; %s\n", in_quotes(printable(name)).c_str(), cure.c_str());
     return STATUS_USAGE;
 }
 

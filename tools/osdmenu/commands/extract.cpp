@@ -18,16 +18,6 @@ static constexpr char HEADER_FIELDS[] = "PO-Revision-Date: \nLast-Translator: \n
                                         "MIME-Version: 1.0\nContent-Type: text/plain; charset=UTF-8\n"
                                         "Content-Transfer-Encoding: 8bit\n";
 
-static int room_of(const Project &project, const std::string &language, const TranslatableText &text)
-{
-    if (text.kind == TranslatableText::bubble)
-        return room_of_bubble(project) - text.indent;
-    if (text.kind == TranslatableText::help_line)
-        return room_of_help_line(project, *text.name) - text.indent;
-    return text.kind == TranslatableText::choice ? room_of_choice(project, language, *text.row)
-                                                 : room_of_text(project, language, *text.row);
-}
-
 static std::string path_of(const Project &project, const Row &row)
 {
     std::string above = row.parent < 0 ? "" : path_of(project, project.rows[static_cast<size_t>(row.parent)]) + " > ";
@@ -37,10 +27,10 @@ static std::string path_of(const Project &project, const Row &row)
 static std::string kind_and_path(const Project &project, const TranslatableText &text)
 {
     if (!text.row)
-        return text.kind == TranslatableText::bubble ? "bubble" : "help line";
+        return text.kind == TextKind::bubble ? "bubble" : "help line";
     const Item &item = *text.row->item;
     std::string kind = item.is_title() ? "title" : "row";
-    if (text.kind == TranslatableText::choice)
+    if (text.kind == TextKind::choice)
         kind = "choice of " + in_quotes(item.text.words);
     return path_of(project, *text.row) + " (" + kind + ")";
 }
@@ -50,7 +40,7 @@ static std::string note_on(const Project &project, const TranslatableText &text)
 {
     int room = project.geometry.view_width;
     for (const Language &language : project.menu.languages)
-        room = std::min(room, room_of(project, language.code, text));
+        room = std::min(room, room_of(project, language.code, text.kind, text.row, *text.name) - text.indent);
     return kind_and_path(project, text) + "\n" + std::to_string(room) + " pixels wide at most\n";
 }
 

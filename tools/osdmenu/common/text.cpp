@@ -15,28 +15,27 @@ bool is_utf8_continuation(char byte)
     return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
 }
 
-static bool is_control(char c)
-{
-    unsigned char byte = static_cast<unsigned char>(c);
-    return byte < 0x20 || byte == 0x7F;
-}
-
 bool is_plain_utf8(const std::string &text)
 {
-    return g_utf8_validate(text.data(), static_cast<gssize>(text.size()), nullptr) &&
-           std::none_of(text.begin(), text.end(), is_control);
+    if (!g_utf8_validate(text.data(), static_cast<gssize>(text.size()), nullptr))
+        return false;
+    for (const char *at = text.c_str(), *end = at + text.size(); at < end; at = g_utf8_next_char(at))
+        if (g_unichar_iscntrl(g_utf8_get_char(at)))
+            return false;
+    return true;
 }
 
 std::string printable(const std::string &text)
 {
     std::string result;
-    for (char c : text) {
+    for (const char *at = text.data(), *end = at + text.size(); at < end;) {
+        gunichar character = g_utf8_get_char_validated(at, end - at);
+        bool is_visible = g_unichar_validate(character) && (!g_unichar_iscntrl(character) || character == '\t');
+        std::string bytes(at, is_visible ? static_cast<size_t>(g_utf8_next_char(at) - at) : 1);
+        at += bytes.size();
         char escape[8];
-        std::snprintf(escape, sizeof escape, "\\x%02x", static_cast<unsigned char>(c));
-        if (is_control(c) && c != '\t')
-            result += escape;
-        else
-            result += c;
+        std::snprintf(escape, sizeof escape, "\\x%02x", static_cast<unsigned char>(bytes[0]));
+        result += is_visible ? bytes : escape;
     }
     return result;
 }

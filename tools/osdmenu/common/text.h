@@ -19,7 +19,8 @@ bool is_utf8_continuation(char byte);
 // Valid UTF-8 without control characters.
 bool is_plain_utf8(const std::string &text);
 
-// Control bytes as \xNN: a hostile name must not reach the terminal as an escape sequence.
+// What is no part of a visible character, but for tabs, as \xNN for each byte: a hostile name must not reach the
+// terminal as an escape sequence. The result is valid UTF-8.
 std::string printable(const std::string &text);
 
 // The longest beginning that fits `limit` bytes and ends where a character ends.

@@ -83,6 +83,9 @@ struct Line {
     int indent = 0; // blank pixels in front of the text
 };
 
+// Where a text of the menu stands.
+enum class TextKind { row_text, choice, help_line, bubble };
+
 struct Symbols {
     std::array<Text, 4> marks; // up, pointer (also right), down, left; without words a triangle is drawn
     std::vector<Text> more;    // from index 4 on

@@ -265,6 +265,6 @@ Menu read_menu(const std::string &path, Findings &findings)
     if (content)
         return read_menu_text(path, *content, findings);
     std::string reason = error ? ": " + error.message() : is_too_large ? ": it is larger than 1 MiB" : "";
-    findings.add({{path}, "unreadable", "cannot be read" + reason});
+    findings.add({Place{path}, "unreadable", "cannot be read" + reason});
     return {};
 }

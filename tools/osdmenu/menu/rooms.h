@@ -5,11 +5,8 @@
 
 #include "menu/project.h"
 
-// Up to the value column where the item has a value, and to the view's edge where it has none.
-int room_of_text(const Project &project, const std::string &language, const Row &row);
-
-int room_of_choice(const Project &project, const std::string &language, const Row &row);
-int room_of_help_line(const Project &project, const std::string &name);
-
-// Within the narrowest pitch that the host's messages are composed at, and within the view.
-int room_of_bubble(const Project &project);
+// Of a text of this item or line; `row` is null for help lines and bubbles. A row's text has room up to the value
+// column where the item has a value, and to the view's edge where it has none; a bubble within the narrowest pitch that
+// the host's messages are composed at, and within the view.
+int room_of(const Project &project, const std::string &language, TextKind kind, const Row *row,
+            const std::string &name);

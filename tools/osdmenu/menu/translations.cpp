@@ -12,15 +12,15 @@ std::vector<TranslatableText> texts_to_translate(const Menu &menu, const std::ve
 {
     std::vector<TranslatableText> texts;
     for (const Row &row : rows) {
-        texts.push_back({TranslatableText::row_text, &row.item->text, &row.item->name, &row});
+        texts.push_back({TextKind::row_text, &row.item->text, &row.item->name, &row});
         if (!row.item->free_text)
             for (const Text &choice : row.item->choices)
-                texts.push_back({TranslatableText::choice, &choice, &row.item->name, &row});
+                texts.push_back({TextKind::choice, &choice, &row.item->name, &row});
     }
     for (const Line &line : menu.help_lines)
-        texts.push_back({TranslatableText::help_line, &line.text, &line.name, nullptr, line.indent});
+        texts.push_back({TextKind::help_line, &line.text, &line.name, nullptr, line.indent});
     for (const Line &line : menu.bubbles)
-        texts.push_back({TranslatableText::bubble, &line.text, &line.name, nullptr, line.indent});
+        texts.push_back({TextKind::bubble, &line.text, &line.name, nullptr, line.indent});
     std::stable_sort(texts.begin(), texts.end(), [](auto &a, auto &b) { return a.text->place < b.text->place; });
     return texts;
 }

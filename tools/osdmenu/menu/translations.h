@@ -8,7 +8,7 @@
 #include "menu/rows.h"
 
 struct TranslatableText {
-    enum Kind { row_text, choice, help_line, bubble } kind;
+    TextKind kind;
     const Text *text;
     const std::string *name; // of its item or line: the msgctxt
     const Row *row;          // null for help lines and bubbles

@@ -31,7 +31,7 @@ static std::string digest_of_inputs(const Project &project, const std::string &l
     for (const FontFamily &family : fonts)
         digest.add(family.font.family + " " + family.version + " " + std::to_string(family.bytes));
     for (const auto &[library, version] : shaping_versions())
-        digest.add(library + " " + version);
+        digest.add(std::string(library).append(" ").append(version));
     return digest.text();
 }
 

@@ -10,7 +10,7 @@ struct MeasuredText {
     const Text &text;
     const std::string &name; // of its item or line
     const Row *row;          // null for help lines and bubbles
-    enum Kind { row_text, choice, help_line, bubble } kind;
+    TextKind kind;
     int width; // pixels
 };
 

@@ -79,6 +79,18 @@ static void check_back_row(const Item &item, const FixedPlace &fixed, Findings &
                       "the page of " + in_quotes(item.name) + " has no " + in_quotes(fixed.name), "", item.name});
 }
 
+// The back row is what a key can't leave, so the page must open on it.
+static void check_opening(const Project &project, const Item &item, Findings &findings)
+{
+    auto is_back_row = [](const Item &one) { return one.name == "versionmenuback"; };
+    const Item *opening = item.name == "information" ? opening_item(project.menu, &item) : nullptr;
+    if (opening && !is_back_row(*opening) && std::any_of(item.items.begin(), item.items.end(), is_back_row))
+        findings.add({opening->place, "fixed-name",
+                      "the page of 'information' opens on its last row, which is " + in_quotes(opening->name) +
+                          ", not 'versionmenuback'",
+                      "", item.name});
+}
+
 // osdmenu_call_information_immediate takes the count of shown items up to this one, in file order, for its row.
 static void check_information(const std::vector<Row> &rows, Findings &findings)
 {
@@ -102,6 +114,8 @@ void check_fixed_names(const Project &project, Findings &findings)
             if (fixed.parent && row.item->name == fixed.parent)
                 check_back_row(*row.item, fixed, findings);
         }
+    for (const Row &row : project.rows)
+        check_opening(project, *row.item, findings);
     check_information(project.rows, findings);
 }
 

@@ -29,7 +29,7 @@ static void add_language(const Project &project, const RenderedLanguage &languag
     size_t index = 0;
     for_each_fit(project, language.code, language.resources, [&](const MeasuredText &text, int room) {
         if (index == texts.size())
-            texts.push_back({text.name, kinds[text.kind], text.text.words});
+            texts.push_back({text.name, kinds[static_cast<size_t>(text.kind)], text.text.words});
         Headroom &headroom = texts[index++];
         headroom.free.push_back(room - text.width);
         if (headroom.free.size() > 1 && headroom.free.back() >= headroom.free[headroom.worst])
@@ -78,7 +78,7 @@ static std::string json_line(const Headroom &text, const std::vector<std::string
                         {"text", json_quoted(text.text)},
                         {"room", std::to_string(text.room)},
                         {"worst", json_quoted(codes[text.worst])},
-                        {"free", "{" + joined(free, ", ") + "}"}});
+                        {"free", std::string("{") + joined(free, ", ") + "}"}});
 }
 
 std::string headroom(const Project &project, const std::vector<RenderedLanguage> &languages, bool as_json)

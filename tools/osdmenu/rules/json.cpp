@@ -18,10 +18,10 @@ std::string json_object(std::initializer_list<std::pair<const char *, std::strin
     std::vector<std::string> parts;
     for (const auto &[key, value] : members)
         parts.push_back(json_quoted(key) + ": " + value);
-    return "{" + joined(parts, ", ") + "}";
+    return std::string("{").append(joined(parts, ", ")).append("}");
 }
 
 std::string json_array(const std::vector<std::string> &values)
 {
-    return "[" + joined(values, ",\n") + "]";
+    return std::string("[").append(joined(values, ",\n")).append("]");
 }

@@ -26,32 +26,31 @@ static void visit_number(const Project &project, const std::string &language, co
     Text low{std::to_string(item.number.lowlimit) + sign, item.place};
     Text high{std::to_string(item.number.highlimit) + sign, item.place};
     int low_width = width_in_glyphs(low.words, pictures), high_width = width_in_glyphs(high.words, pictures);
-    visit({low_width > high_width ? low : high, item.name, &row, MeasuredText::choice, std::max(low_width, high_width)},
-          room_of_choice(project, language, row));
+    visit({low_width > high_width ? low : high, item.name, &row, TextKind::choice, std::max(low_width, high_width)},
+          room_of(project, language, TextKind::choice, &row, item.name));
 }
 
-static int room_of(const Project &project, const std::string &language, const MeasuredText &text)
+// The device writes the accessory's name in place of this row's text.
+static bool is_accessory(const MeasuredText &text)
 {
-    switch (text.kind) {
-    case MeasuredText::row_text:
-        return room_of_text(project, language, *text.row);
-    case MeasuredText::choice:
-        return room_of_choice(project, language, *text.row);
-    case MeasuredText::help_line:
-        return room_of_help_line(project, text.name);
-    default:
-        return room_of_bubble(project);
-    }
+    return text.kind == TextKind::row_text && text.row->item->name == "kz73versionshow";
 }
 
 void for_each_fit(const Project &project, const std::string &language, const Resources &pictures, const VisitFit &visit)
 {
+    auto visit_fit = [&](const MeasuredText &text) {
+        visit(text, room_of(project, language, text.kind, text.row, text.name));
+    };
     for_each_text(project, pictures, [&](const MeasuredText &measured) {
         MeasuredText text = measured;
         // Its picture stands only until the host writes the text anew, in glyphs.
-        if (text.kind == MeasuredText::choice && text.row->item->free_text)
+        if (text.kind == TextKind::choice && text.row->item->free_text)
             text.width = std::max(text.width, width_in_glyphs(text.text.words, pictures));
-        visit(text, room_of(project, language, text));
+        Text name{project.menu.accessory, text.text.place};
+        if (is_accessory(text) && !name.words.empty())
+            visit_fit({name, text.name, text.row, text.kind, width_in_glyphs(name.words, pictures)});
+        else
+            visit_fit(text);
     });
     for (const Row &row : project.rows)
         if (row.item->value_type == VALUE_NUMBER || row.item->value_type == VALUE_PERCENTAGE)
@@ -63,26 +62,38 @@ static std::string pixels(int width, int room)
     return " (" + std::to_string(width) + " of " + std::to_string(room) + ")";
 }
 
-static void report_too_wide(const Project &project, const std::string &language, const MeasuredText &text, int room,
-                            Findings &findings)
-{
-    bool has_value = text.kind == MeasuredText::row_text && text.row->item->value_type != VALUE_NONE;
-    bool is_composed = text.kind == MeasuredText::bubble && text.width <= project.geometry.view_width;
-    const char *where = is_composed                            ? "beyond the lines that it is composed in"
-                        : text.kind == MeasuredText::help_line ? "beyond its room"
-                        : has_value                            ? "into the value column"
-                                                               : "off the view";
-    findings.add({text.text.place, is_composed ? "bubble-too-wide" : "text-too-wide",
-                  in_quotes(text.text.words) + " runs " + std::to_string(text.width - room) + " pixels " + where +
-                      " in " + language + pixels(text.width, room),
-                  text.row ? "shorten it, or move the column with 'value_offset_x' in osd_menu.json" : "shorten it",
-                  text.name, language});
-}
-
 // Numbers need no translation, and what the host writes is the same in every language.
 static bool is_translated(const MeasuredText &text)
 {
-    return text.kind != MeasuredText::choice || (text.row->item->value_type == VALUE_TXT && !text.row->item->free_text);
+    bool is_word = text.kind != TextKind::choice || text.row->item->value_type == VALUE_TXT;
+    return is_word && !is_accessory(text) && !(text.kind == TextKind::choice && text.row->item->free_text);
+}
+
+// Where a language shows other words than the menu file has, they stand in its PO file.
+static Text shown_text(const Project &project, const std::string &language, const MeasuredText &text)
+{
+    auto texts = project.translations.find(language);
+    if (texts == project.translations.end() || !is_translated(text))
+        return text.text;
+    Translation shown = texts->second.of(text.text, text.name);
+    return shown.is_translated() && shown.place.line > 0 ? Text{shown.words, shown.place} : text.text;
+}
+
+static void report_too_wide(const Project &project, const std::string &language, const MeasuredText &text, int room,
+                            Findings &findings)
+{
+    bool has_value = text.kind == TextKind::row_text && text.row->item->value_type != VALUE_NONE;
+    bool is_composed = text.kind == TextKind::bubble && text.width <= project.geometry.view_width;
+    const char *where = is_composed                        ? "beyond the lines that it is composed in"
+                        : text.kind == TextKind::help_line ? "beyond its room"
+                        : has_value                        ? "into the value column"
+                                                           : "off the view";
+    Text shown = shown_text(project, language, text);
+    findings.add({shown.place, is_composed ? "bubble-too-wide" : "text-too-wide",
+                  in_quotes(shown.words) + " runs " + std::to_string(text.width - room) + " pixels " + where + " in " +
+                      language + pixels(text.width, room),
+                  text.row ? "shorten it, or move the column with 'value_offset_x' in osd_menu.json" : "shorten it",
+                  text.name, language});
 }
 
 static void check_growth(const std::string &language, const MeasuredText &text, int room, Findings &findings)

@@ -124,6 +124,10 @@ static void check_page(const Project &project, const Item *parent, const std::ve
                       page.named_by.name});
     if (parent && parent->name == "upgrade")
         findings.add({parent->place, "unreachable-page", "OK never enters the page of 'upgrade'", "", parent->name});
+    if (parent && std::none_of(items.begin(), items.end(), [](const Item &item) { return item.enabled; }))
+        findings.add({page.named_by.place, "unreachable-page",
+                      "no row of " + page.words + " is shown at the start, so it closes at once",
+                      "show a row, or hide the row that leads to it", page.named_by.name});
     check_title(project.menu, page, findings);
     check_height(page, project.geometry, findings);
 }

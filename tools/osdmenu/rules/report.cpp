@@ -21,17 +21,33 @@ static std::string line_of(const Place &place)
     return line;
 }
 
-// The source line and a mark below the column. Tabs stay tabs in the mark's line, so that it lands where it should.
+// What stands in front of a place in its line.
+static std::string line_before(const Place &place)
+{
+    return cut_utf8(line_of(place), static_cast<size_t>(std::max(0, place.column - 1)));
+}
+
+// From 1. Places count bytes, which no reader of a report does.
+static std::string column_in_characters(const Place &place)
+{
+    std::string before = line_before(place);
+    return std::to_string(1 +
+                          std::count_if(before.begin(), before.end(), [](char c) { return !is_utf8_continuation(c); }));
+}
+
+// The source line and a mark below the column, in the cells of a terminal. Tabs stay tabs, so that it lands where it
+// should.
 static std::string source(const Place &place)
 {
-    std::string line = line_of(place), mark, number = std::to_string(place.line);
+    std::string line = printable(line_of(place)), before = printable(line_before(place)), mark;
+    std::string number = std::to_string(place.line);
     if (line.empty())
         return {};
-    for (size_t i = 0; i + 1 < static_cast<size_t>(place.column) && i < line.size(); i++)
-        if (!is_utf8_continuation(line[i]))
-            mark += line[i] == '\t' ? '\t' : ' ';
+    for (const char *at = before.c_str(); *at; at = g_utf8_next_char(at))
+        if (!g_unichar_iszerowidth(g_utf8_get_char(at)))
+            mark += *at == '\t' ? "\t" : g_unichar_iswide(g_utf8_get_char(at)) ? "  " : " ";
     number.insert(0, 5 - std::min<size_t>(5, number.size()), ' ');
-    return number + " | " + printable(line) + "\n      | " + mark + "^\n";
+    return number + " | " + line + "\n      | " + mark + "^\n";
 }
 
 static std::string text_finding(const Finding &finding)
@@ -39,8 +55,10 @@ static std::string text_finding(const Finding &finding)
     const Place &place = finding.place;
     std::string where = printable(place.file);
     if (place.line > 0)
-        where += ":" + std::to_string(place.line) + ":" + std::to_string(place.column);
-    std::string cure = finding.cure.empty() ? "" : "      = " + printable(finding.cure) + "\n";
+        where.append(":").append(std::to_string(place.line)).append(":").append(std::to_string(place.column));
+    std::string cure;
+    if (!finding.cure.empty())
+        cure.append("      = ").append(printable(finding.cure)).append("\n");
     return where + ": " + severity_name(finding.severity) + ": " + printable(finding.text) + " [" + finding.rule +
            "]\n" + source(place) + cure;
 }
@@ -92,7 +110,7 @@ static std::string sarif_result(const Finding &finding)
     std::string artifact = json_object({{"uri", json_quoted(uri)}});
     g_free(uri);
     std::string region = json_object({{"startLine", std::to_string(std::max(1, finding.place.line))},
-                                      {"startColumn", std::to_string(std::max(1, finding.place.column))}});
+                                      {"startColumn", column_in_characters(finding.place)}});
     std::string physical = json_object({{"artifactLocation", artifact}, {"region", region}});
     return json_object({{"ruleId", json_quoted(finding.rule)},
                         {"level", json_quoted(severity_name(finding.severity))},
@@ -106,7 +124,9 @@ static std::string sarif_report(const std::vector<std::string> &results)
     for (const Rule &rule : all_rules())
         rules.push_back(sarif_rule(rule));
     std::string driver = json_object({{"name", json_quoted("osdmenu")}, {"rules", json_array(rules)}});
-    std::string run = json_object({{"tool", json_object({{"driver", driver}})}, {"results", json_array(results)}});
+    std::string run = json_object({{"tool", json_object({{"driver", driver}})},
+                                   {"columnKind", json_quoted("unicodeCodePoints")},
+                                   {"results", json_array(results)}});
     return json_object({{"$schema", json_quoted("https://json.schemastore.org/sarif-2.1.0.json")},
                         {"version", json_quoted("2.1.0")},
                         {"runs", json_array({run})}});
@@ -119,18 +139,20 @@ static std::string escaped(const std::string &text, const std::string &marks)
     for (char c : text) {
         char code[4];
         std::snprintf(code, sizeof code, "%%%02X", static_cast<unsigned char>(c));
-        result += marks.find(c) == std::string::npos ? printable({c}) : code;
+        if (marks.find(c) == std::string::npos)
+            result += c;
+        else
+            result += code;
     }
-    return result;
+    return printable(result);
 }
 
 static std::string github_finding(const Finding &finding)
 {
     return std::string("::") + severity_name(finding.severity) +
            " file=" + escaped(relative(finding.place.file), "%\r\n:,") +
-           ",line=" + std::to_string(std::max(1, finding.place.line)) +
-           ",col=" + std::to_string(std::max(1, finding.place.column)) + ",title=" + finding.rule +
-           "::" + escaped(with_cure(finding, "\n"), "%\r\n") + "\n";
+           ",line=" + std::to_string(std::max(1, finding.place.line)) + ",col=" + column_in_characters(finding.place) +
+           ",title=" + finding.rule + "::" + escaped(with_cure(finding, "\n"), "%\r\n") + "\n";
 }
 
 std::string report(const Findings &findings, ReportFormat format)

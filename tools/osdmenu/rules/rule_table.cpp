@@ -88,8 +88,9 @@ static constexpr Rule rules[] = {
      "A value is painted over what reaches into its column, and pixels beyond the right edge go on at the left edge, a "
      "line of pixels lower.",
      "Shorten the text, or move the column with 'value_offset_x' in osd_menu.json."},
-    {"unreachable-page", Severity::error, false, "OK never enters a page",
-     "On the item 'upgrade' OK calls the camera and opens nothing.", "Put the rows below another item."},
+    {"unreachable-page", Severity::error, false, "OK never enters a page, or it closes at once",
+     "On the item 'upgrade' OK calls the camera and opens nothing. A page of which no row is shown is left again by the next paint.",
+     "Put the rows below another item, or show one of them."},
     {"unreadable", Severity::error, true, "a file or a font can't be read at all",
      "Nothing can be judged without it; osdmenu check ends with exit status 2.",
      "The finding says what to mend or to install."},

@@ -9,22 +9,6 @@
 #include "menu/configuration.h"
 #include "resources/glyph_banks.h"
 
-// Each byte that is no part of a visible character as \xNN: the result is one line of valid UTF-8.
-static std::string visible(const std::string &text)
-{
-    std::string result;
-    for (const char *at = text.data(), *end = at + text.size(); at < end;) {
-        gunichar character = g_utf8_get_char_validated(at, end - at);
-        bool is_visible = g_unichar_validate(character) && !g_unichar_iscntrl(character);
-        std::string bytes(at, is_visible ? static_cast<size_t>(g_utf8_next_char(at) - at) : 1);
-        at += bytes.size();
-        char escape[8];
-        std::snprintf(escape, sizeof escape, "\\x%02x", static_cast<unsigned char>(bytes[0]));
-        result += is_visible ? bytes : escape;
-    }
-    return result;
-}
-
 // The items as the library takes them, and the list that is told what it does with them.
 struct Tree {
     const std::vector<ReadItem> &items;
@@ -41,7 +25,7 @@ template <class Value> static cJSON *json_of(const Value &value)
     else if constexpr (std::is_same_v<Value, osdmenu_position>)
         return cJSON_CreateIntArray(std::vector<int>(value.levels, std::end(value.levels)).data(), 4);
     else
-        return cJSON_CreateString(visible(value).c_str());
+        return cJSON_CreateString(printable(value).c_str());
 }
 
 // Fields in pairs of key and value.
