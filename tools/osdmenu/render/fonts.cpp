@@ -44,28 +44,56 @@ static std::string version_text(int version)
     return text;
 }
 
-// Upright faces of normal width from the packages' directory. What a user keeps at home must not shape a menu, and a
-// further package of the same family must not change which face is taken.
-static FontFamily find_family(FcConfig *machine, const Font &font)
+namespace
+{
+
+struct Face {
+    std::string path;
+    int weight = FC_WEIGHT_REGULAR;
+    int version = 0; // as the font tells it, in 1/65536
+};
+
+} // namespace
+
+// Upright faces of normal width from the packages' directory: what a user keeps at home must not shape a menu.
+static std::vector<Face> faces_of(FcConfig *machine, const std::string &family)
 {
     Fc<FcPattern> pattern(FcPatternCreate());
-    FcPatternAddString(pattern.get(), FC_FAMILY, reinterpret_cast<const FcChar8 *>(font.family.c_str()));
+    FcPatternAddString(pattern.get(), FC_FAMILY, reinterpret_cast<const FcChar8 *>(family.c_str()));
     FcPatternAddInteger(pattern.get(), FC_SLANT, FC_SLANT_ROMAN);
     FcPatternAddInteger(pattern.get(), FC_WIDTH, FC_WIDTH_NORMAL);
-    Fc<FcObjectSet> objects(FcObjectSetBuild(FC_FILE, FC_FONTVERSION, nullptr));
+    Fc<FcObjectSet> objects(FcObjectSetBuild(FC_FILE, FC_WEIGHT, FC_FONTVERSION, nullptr));
     Fc<FcFontSet> found(FcFontList(machine, pattern.get(), objects.get()));
-    FontFamily family{font, {}, {}};
-    int version = 0; // as the font tells it, in 1/65536
+    std::vector<Face> faces;
     for (int i = 0; found && i < found->nfont; i++) {
+        Face face;
         FcChar8 *path = nullptr;
         FcPatternGetString(found->fonts[i], FC_FILE, 0, &path);
-        std::string file = path ? reinterpret_cast<const char *>(path) : "";
-        if (!file.starts_with("/usr/share/fonts") || !family.paths.insert(file).second)
-            continue;
-        FcPatternGetInteger(found->fonts[i], FC_FONTVERSION, 0, &version);
-        family.bytes += std::filesystem::file_size(file);
+        FcPatternGetInteger(found->fonts[i], FC_WEIGHT, 0, &face.weight);
+        FcPatternGetInteger(found->fonts[i], FC_FONTVERSION, 0, &face.version);
+        face.path = path ? reinterpret_cast<const char *>(path) : "";
+        if (face.path.starts_with("/usr/share/fonts"))
+            faces.push_back(face);
     }
-    family.version = version_text(version);
+    return faces;
+}
+
+// The two faces that texts and titles ask for, and no others: a further package of the same family must change nothing.
+static FontFamily find_family(FcConfig *machine, const Font &font)
+{
+    FontFamily family{font, {}, {}};
+    std::vector<Face> faces = faces_of(machine, font.family);
+    for (int wanted : {FC_WEIGHT_BOLD, FC_WEIGHT_REGULAR}) {
+        auto nearest = std::min_element(faces.begin(), faces.end(), [&](const Face &one, const Face &other) {
+            return std::pair(std::abs(one.weight - wanted), one.path) <
+                   std::pair(std::abs(other.weight - wanted), other.path);
+        });
+        if (nearest == faces.end())
+            return family;
+        family.version = version_text(nearest->version);
+        if (family.paths.insert(nearest->path).second)
+            family.bytes += std::filesystem::file_size(nearest->path);
+    }
     return family;
 }
 

@@ -80,7 +80,7 @@ Picture Writer::picture(const std::string &name, Style style, const Wording &wor
     if (rendered.is_cut)
         job.findings.add({wording.place, "ink-cut",
                           in_quotes(wording.words) + " stands above or below its line and is cut in " + job.language,
-                          "choose a smaller 'percent' for its font", name, job.language});
+                          "choose a smaller 'percent' for its font, or a smaller outline", name, job.language});
     if (rendered.is_beyond)
         job.findings.error(wording.place, in_quotes(wording.words) + " is wider than any view in " + job.language,
                            "no picture has more than " + std::to_string(MAX_PICTURE_SIDE) + " pixels in a row");
