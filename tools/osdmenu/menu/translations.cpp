@@ -73,3 +73,10 @@ Translation Translations::of(const Text &text, const std::string &name) const
         return found->second;
     return {text.words, file.empty() ? TranslationState::translated : TranslationState::missing, text.place};
 }
+
+Text Translations::shown(const Text &text, const std::string &name) const
+{
+    Translation translation = of(text, name);
+    bool has_place = translation.is_translated() && translation.place.line > 0;
+    return {translation.words, has_place ? translation.place : text.place};
+}

@@ -43,6 +43,9 @@ class Translations
     // Of a text of this item or line (its msgctxt). Its words are never empty.
     Translation of(const Text &text, const std::string &name) const;
 
+    // What people see of that text, and where it stands: in the PO file when it is translated there.
+    Text shown(const Text &text, const std::string &name) const;
+
     const std::string &path() const
     {
         return file;

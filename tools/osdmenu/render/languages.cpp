@@ -99,8 +99,8 @@ static void render_language(Work &work, size_t index, FontStore &store)
     if (!result.is_reused) {
         const Translations &texts = work.project.texts_of(result.code);
         auto wording = [&](const Text &text, const std::string &name) {
-            Translation shown = texts.of(text, name);
-            return Wording{shown.words, shown.is_translated() ? shown.place : text.place};
+            Text shown = texts.shown(text, name);
+            return Wording{shown.words, shown.place};
         };
         result.files = render(work.project, result.code, store.of(families), wording, work.findings[index]);
         // What rendering found must be told again by the next run.

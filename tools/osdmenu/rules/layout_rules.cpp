@@ -73,10 +73,8 @@ static bool is_translated(const MeasuredText &text)
 static Text shown_text(const Project &project, const std::string &language, const MeasuredText &text)
 {
     auto texts = project.translations.find(language);
-    if (texts == project.translations.end() || !is_translated(text))
-        return text.text;
-    Translation shown = texts->second.of(text.text, text.name);
-    return shown.is_translated() && shown.place.line > 0 ? Text{shown.words, shown.place} : text.text;
+    bool has_words = texts != project.translations.end() && is_translated(text);
+    return has_words ? texts->second.shown(text.text, text.name) : text.text;
 }
 
 static void report_too_wide(const Project &project, const std::string &language, const MeasuredText &text, int room,
