@@ -136,7 +136,7 @@ static std::string told_by_reader(const Resources &read)
 static std::string told_by_library(const std::string &directory)
 {
     const Streams streams; // the loads print
-    start_library(directory, Manifest(), Resources());
+    load_resources(directory);
     const auto picture = [](const osdmenu_view_bitmap &one) { return told(one, one.bitmap); };
     std::string all;
     for (const osdmenu_item *item = first_loaded(); item; item = loaded_after(item)) {

@@ -3,10 +3,19 @@
 #include <cstdio>
 #include <exception>
 #include <filesystem>
+#include <sstream>
 
 #include "commands/commands.h"
 #include "common/text.h"
 #include "host/streams.h"
+
+// A failure may have several lines.
+static void tell(const std::string &failure)
+{
+    std::istringstream lines(failure);
+    for (std::string line; std::getline(lines, line);)
+        std::fprintf(stderr, "osdmenu: %s\n", printable(line).c_str());
+}
 
 static int run_tool(int argc, char **argv)
 {
@@ -32,7 +41,7 @@ static int run_tool(int argc, char **argv)
         std::fprintf(stderr, "osdmenu: %s: %s\n", printable(e.path1().string()).c_str(), e.code().message().c_str());
         return STATUS_FINDINGS;
     } catch (const std::exception &e) {
-        std::fprintf(stderr, "osdmenu: %s\n", printable(e.what()).c_str());
+        tell(e.what());
         return STATUS_FINDINGS;
     }
 }

@@ -8,9 +8,9 @@
 #include "commands/commands.h"
 #include "common/text.h"
 #include "core/layout.h"
-#include "core/state.h"
 #include "host/host.h"
 #include "host/streams.h"
+#include "lib_dbgout.h"
 #include "osd_menu_post.h"
 #include "render/png.h"
 #include "resources/glyph_banks.h"
@@ -20,7 +20,7 @@ namespace
 {
 
 struct ShotOptions {
-    std::string directory; // of one language
+    std::string directory; // of a menu or one language
     std::string output;
     std::string keys; // parted by blanks
     std::string background;
@@ -41,9 +41,6 @@ struct ShotOptions {
 
 } // namespace
 
-// Around a bubble's picture; the first counts bytes and must be even.
-static constexpr int BUBBLE_SIDE = 40, BUBBLE_ABOVE = 20, BUBBLE_BELOW = 20;
-
 static std::vector<std::string> words_of(const std::string &text)
 {
     std::istringstream in(text);
@@ -56,17 +53,16 @@ static std::vector<std::string> words_of(const std::string &text)
 static void play(const std::string &key)
 {
     if (!press(key))
-        throw Failure("no key " + in_quotes(key) + "; known are: up down left right ok back menu");
+        throw Failure("no key " + in_quotes(key) + "; known are: " + key_names());
     repaint();
 }
 
 // A name that isn't there would be passed over in silence.
-static void change_marks(const ShotOptions &options, const Resources &resources)
+static void change_marks(const ShotOptions &options)
 {
     auto change = [&](const std::vector<std::string> &names, int (*mark)(const char *)) {
         for (const std::string &name : names) {
-            if (std::none_of(resources.items.begin(), resources.items.end(),
-                             [&](const ReadItem &item) { return item.name == name; }))
+            if (std::find(host.items.begin(), host.items.end(), name) == host.items.end())
                 throw Failure("no item " + in_quotes(name));
             mark(name.c_str());
         }
@@ -75,13 +71,8 @@ static void change_marks(const ShotOptions &options, const Resources &resources)
     change(options.disabled, osdmenu_disableitem_byname);
 }
 
-static PixelView whole_view(PixelFormat format)
-{
-    return {osdmenu_viewbuffer, osdmenu_viewarea_width, osdmenu_viewarea_height, osdmenu_viewarea_width, format};
-}
-
 // Keys act on what the last draw found, so there is one before the first key and after each.
-static PixelView page(const ShotOptions &options, PixelFormat format)
+static PixelView page(const ShotOptions &options)
 {
     osdmenu_meeting_camera_helpline_enable(options.help_line);
     if (!options.open.empty() && !open_item(options.open))
@@ -89,51 +80,26 @@ static PixelView page(const ShotOptions &options, PixelFormat format)
     repaint();
     for (const std::string &key : words_of(options.keys))
         play(key);
-    return whole_view(format);
-}
-
-// A missing name would be painted as text, which is never what is meant here.
-static PixelView bubble(const ShotOptions &options, PixelFormat format, const Resources &resources)
-{
-    std::vector<std::string> names;
-    for (const ReadLine &line : resources.bubbles)
-        names.push_back(line.name);
-    if (std::find(names.begin(), names.end(), options.bubble) == names.end())
-        throw Failure("no bubble " + in_quotes(options.bubble) + "; known are: " + joined(names, " "));
-    int width = 0, height = 0;
-    const char *block = osdmenu_get_bubbleline_byname_with_wh(options.bubble.c_str(), BUBBLE_SIDE, BUBBLE_ABOVE,
-                                                              BUBBLE_BELOW, &width, &height);
-    if (static_cast<long>(width) * height > static_cast<long>(osdmenu_viewarea_width) * osdmenu_viewarea_height)
-        throw Failure("the bubble " + in_quotes(options.bubble) + " is larger than the view");
-    return {block, width, height, width, format};
+    return painted_view();
 }
 
 // What a text takes on the view: its longest line, and a line's height for each.
-static PixelView text_bubble(const std::string &given, PixelFormat format, const Resources &resources)
+static PixelView text_bubble(const std::string &given)
 {
     std::string text = given;
     for (size_t at = text.find("\\n"); at != text.npos; at = text.find("\\n", at))
         text.replace(at, 2, 1, '\n');
     int width = 1, line_width = 0, height = 0;
     for (char c : text) {
-        int index = glyph_index(c) == GLYPH_NONE ? GLYPH_SPACE : glyph_index(c);
-        line_width = c == '\n' ? 0 : line_width + pixels_of(resources.glyphs[static_cast<size_t>(index)].size.width);
+        const osdmenu_view_bitmap *glyph = glyph_at(glyph_index(c) == GLYPH_NONE ? GLYPH_SPACE : glyph_index(c));
+        line_width = c == '\n' || !glyph ? 0 : line_width + static_cast<int>(glyph->width / 2);
         width = std::max(width, line_width);
     }
     const char *block = get_osdmenu_bubble2(text.c_str(), 0, 0, &height);
     if (width > osdmenu_viewarea_width)
         throw Failure("the text is wider than the view; break it with \\n");
-    return {block, width, std::min(height, osdmenu_viewarea_height), osdmenu_viewarea_width, format};
-}
-
-// Nothing may be painted from a directory that the library would load halfway.
-static Resources sound_resources(const std::string &directory, std::FILE *err)
-{
-    Resources resources = read_resources(files_of_directory(directory));
-    for (const Fault &fault : resources.faults)
-        std::fprintf(err, "%s%s: byte %zu: error: %s\n", printable(directory).c_str(), fault.file.c_str(), fault.offset,
-                     printable(fault.text).c_str());
-    return resources;
+    return {block, width, std::min(height, osdmenu_viewarea_height), osdmenu_viewarea_width,
+            host.menu.manifest.display.pixel_format};
 }
 
 // What the command line says goes before what the menu's designer chose.
@@ -148,26 +114,35 @@ static void override_manifest(const ShotOptions &options, Manifest &manifest)
         display.pixel_format = *parse_pixel_format(options.pixel_format);
 }
 
+// The library may say all it has when that leads to a file.
+static void trace_all_steps()
+{
+    static constexpr int TRACE_STEPS = 7;
+    dbgout_profile.lib_level = TRACE_STEPS;
+    dbgout_profile.para_level = TRACE_STEPS;
+}
+
+static PixelView picture(const ShotOptions &options)
+{
+    if (!options.bubble.empty())
+        return paint_bubble(options.bubble);
+    if (!options.text.empty())
+        return text_bubble(options.text);
+    return page(options);
+}
+
 static int run_shot(const ShotOptions &options)
 {
     Streams streams(options.trace);
-    std::string directory = options.directory + (options.directory.ends_with('/') ? "" : "/");
-    Resources resources = sound_resources(directory, streams.err);
-    if (!resources.faults.empty())
-        return 1;
     Findings findings;
-    Manifest manifest = read_manifest(directory + "..", findings);
+    MenuDirectory menu = open_menu_directory(options.directory, findings);
     print_report(streams.err, findings, ReportFormat::text);
-    override_manifest(options, manifest);
-    start_library(directory, manifest, resources);
-    if (!osdmenu_viewbuffer)
-        throw Failure("no memory for the view");
-    change_marks(options, resources);
-    PixelFormat format = manifest.display.pixel_format;
-    PixelView view = !options.bubble.empty() ? bubble(options, format, resources)
-                     : !options.text.empty() ? text_bubble(options.text, format, resources)
-                                             : page(options, format);
-    write_png(options.output, view, parse_colour(options.background));
+    override_manifest(options, menu.manifest);
+    if (!options.trace.empty())
+        trace_all_steps();
+    start_host(menu, menu.language);
+    change_marks(options);
+    write_png(options.output, picture(options), parse_colour(options.background));
     return 0;
 }
 
@@ -178,9 +153,10 @@ void add_shot(CLI::App &app, Run &run)
     CLI::App *command = app.add_subcommand("shot", "Plays keys on a compiled menu and writes the page as a PNG file");
     CLI::Validator is_colour([](std::string &text) { return parse_colour(text) ? "" : "no colour: " + text; },
                              "#rrggbb");
-    command->add_option("directory", options.directory, "Directory of one language")->required();
+    command->add_option("directory", options.directory, "Directory of a compiled menu, or of one of its languages")
+        ->required();
     command->add_option("-o,--output", options.output, "PNG file to write")->required();
-    command->add_option("--keys", options.keys, "Keys parted by blanks: up down left right ok back menu");
+    command->add_option("--keys", options.keys, "Keys parted by blanks: " + key_names());
     command->add_option("--open", options.open, "Item to go to and press OK on, before the keys");
     command->add_option("--enable", options.enabled, "Item to show")->take_all();
     command->add_option("--disable", options.disabled, "Item to hide")->take_all();

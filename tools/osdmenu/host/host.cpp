@@ -1,34 +1,49 @@
 #include "host/host.h"
 
 #include <algorithm>
+#include <cstring>
 #include <map>
 
+#include "common/text.h"
 #include "core/layout.h"
 #include "core/state.h"
 #include "core/walks.h"
 #include "host_settings.h"
-#include "lib_dbgout.h"
 #include "osd_menu_post.h"
 
-// What the menu's rows stand for, by item name. It begins with what the resource files carry.
-static std::map<std::string, int> settings;
+Host host;
+
+static constexpr size_t CALLS_KEPT = 64;
 
 // Also before anything was stored: the library may ask at any time.
-static int setting(const char *name, int fallback)
+static int setting(const char *name)
 {
-    auto found = settings.find(name);
-    return found == settings.end() ? fallback : found->second;
+    auto found = host.settings.values.find(name);
+    return found == host.settings.values.end() ? 0 : found->second;
 }
 
-// The library's default layer answers these; a host that keeps settings answers from them.
 int get_sc_smartgallery_preset(void)
 {
-    return setting("smartgallery_preset", 0);
+    return setting("smartgallery_preset");
 }
 
 int get_sc_trackingmode(void)
 {
-    return setting("trackingmode", 0);
+    return setting("trackingmode");
+}
+
+// The library calls this with its lock held, and knows no exceptions.
+int save_config_to_flash(void)
+{
+    if (host.settings_path.empty())
+        return 0;
+    try {
+        write_settings(host.settings_path, host.settings);
+        return 0;
+    } catch (const std::exception &e) {
+        host.notice = e.what();
+        return -1;
+    }
 }
 
 // What the resource file carries is the factory setting.
@@ -59,34 +74,85 @@ static int within_limits(const osdmenu_item *item, int value)
         int count = std::max(1, choice_count(item));
         return (value % count + count) % count;
     }
-    const osdmenu_item_value_number &number = item->item_values.u.number;
+    if (item->item_values.type != VALUE_NUMBER && item->item_values.type != VALUE_PERCENTAGE)
+        return value;
+    const osdmenu_item_value_number &number = item->item_values.u.number; // a percentage has the same fields
     return std::min(std::max(value, number.lowlimit), number.highlimit);
+}
+
+// The enabled index of a row on a page, or -1.
+static int row_on_page(const char *page, const osdmenu_item *item)
+{
+    int row = 0;
+    const osdmenu_item *parent = item_byname(page);
+    for (auto *each = parent ? first_row(&parent->child) : nullptr; each; each = row_below(each, &parent->child)) {
+        if (each == item)
+            return row;
+        row += is_disabled(each) ? 0 : 1;
+    }
+    return -1;
+}
+
+// OK on a row that stands for something the camera does.
+static void enter(const osdmenu_item *item)
+{
+    if (int row = row_on_page("smartgallery_preset", item); row > 0)
+        host.settings.values["smartgallery_preset"] = row - 1;
+    if (int row = row_on_page("aimodeselection", item); row > 0) {
+        host.settings.values["trackingmode"] = sc_trackingmode_max - row;
+        osdmenu_action_menuback();
+    }
+    // Rows that stand for the way back do what their words say.
+    if (std::string(item->name).ends_with("menuback"))
+        osdmenu_action_menuback();
+}
+
+static bool load_language(const std::string &language);
+
+static void set(const std::string &item, int value)
+{
+    host.settings.values[item] = value;
+    const std::vector<std::string> &languages = host.menu.manifest.languages;
+    if (host.follows_language && item == "language" && static_cast<size_t>(value) < languages.size())
+        load_language(languages[static_cast<size_t>(value)]);
+}
+
+static void remember(const osdmenu_item *item, int value)
+{
+    host.settings.values[item->name] = within_limits(item, value);
+}
+
+static int answer(osdmenu_item *item, int operation, int value)
+{
+    std::string name = item->name;
+    switch (operation) {
+    case ACTION_OP_INIT: // what is remembered may come from another edition of the menu
+        remember(item, host.settings.values.try_emplace(name, value_of(item)).first->second);
+        return 0;
+    case ACTION_OP_GET:
+        return host.settings.values[name];
+    case ACTION_OP_SET:
+        set(name, within_limits(item, value)); // the item may be gone after it
+        return 0;
+    case ACTION_OP_ENTER:
+        enter(item);
+        return 0;
+    }
+    return 0;
 }
 
 // Runs with the menu's lock held when it comes from a key or a draw.
 static int settings_action(osdmenu_item *item, int operation, int value)
 {
     std::string name = item->name;
-    switch (operation) {
-    case ACTION_OP_INIT:
-        settings[name] = value_of(item);
-        return 0;
-    case ACTION_OP_GET:
-        return settings[name];
-    case ACTION_OP_SET:
-        settings[name] = within_limits(item, value);
-        return 0;
-    case ACTION_OP_ENTER:
-        // Rows that stand for the way back do what their words say.
-        if (name.ends_with("menuback"))
-            osdmenu_action_menuback();
-        return 0;
-    }
-    return 0;
+    int result = answer(item, operation, value);
+    host.calls.push_back({name, operation, operation == ACTION_OP_GET ? result : value});
+    if (host.calls.size() > CALLS_KEPT)
+        host.calls.pop_front();
+    return result;
 }
 
-// The order matters: items before their tree, and lines last.
-static void load(const std::string &directory)
+void load_resources(const std::string &directory)
 {
     read2mem_menuitem_commonchar(directory.c_str());
     read2mem_menuitem_utf16symbol(directory.c_str());
@@ -96,24 +162,19 @@ static void load(const std::string &directory)
     read2mem_bubbleline(directory.c_str());
 }
 
-// The last part of the directory.
-static std::string language_of(const std::string &directory)
-{
-    std::string path = directory.substr(0, directory.size() - 1);
-    return path.substr(path.rfind('/') + 1);
-}
-
 // The row "language", if the menu has it, shows the language that is loaded: its choices stand in the menu's order.
-static void set_language(const std::string &language, const std::vector<std::string> &languages)
+static void show_language(const std::string &language)
 {
+    const std::vector<std::string> &languages = host.menu.manifest.languages;
     auto found = std::find(languages.begin(), languages.end(), language);
     if (found != languages.end())
-        settings["language"] = static_cast<int>(found - languages.begin());
+        host.settings.values["language"] = static_cast<int>(found - languages.begin());
 }
 
 // Value columns are looked up by the directory on the device, which is not the one that was loaded here.
-static void pretend_device_directory(const std::string &language, const std::string &device_directory)
+static void pretend_device_directory(const std::string &language)
 {
+    const std::string &device_directory = host.menu.manifest.device_directory;
     if (device_directory.empty())
         return;
     std::string path = device_directory + language + "/";
@@ -121,25 +182,92 @@ static void pretend_device_directory(const std::string &language, const std::str
     path.copy(language_string, sizeof language_string);
 }
 
-void start_library(const std::string &directory, const Manifest &manifest, const Resources &resources)
+// Items come from their files without actions and run-time texts.
+static void equip_items()
 {
-    // The library may say all it has: its streams lead to the trace file or nowhere.
-    static constexpr int TRACE_STEPS = 7;
-    dbgout_profile.lib_level = TRACE_STEPS;
-    dbgout_profile.para_level = TRACE_STEPS;
-    const Display &display = manifest.display;
+    for (const std::string &item : host.items)
+        osdmenu_register_action_byname(item.c_str(), settings_action, 1);
+    for (const auto &[name, text] : host.menu.manifest.free_texts) {
+        auto remembered = host.settings.texts.find(name);
+        const std::string &shown = remembered == host.settings.texts.end() ? text : remembered->second;
+        osdmenu_action_setnewtxtvalue2menuitem_byname(name.c_str(), shown.c_str());
+    }
+}
+
+static void take_names(const Resources &resources)
+{
+    host.items.clear();
+    for (const ReadItem &item : resources.items)
+        host.items.push_back(item.name);
+    host.bubbles.clear();
+    for (const ReadLine &line : resources.bubbles)
+        host.bubbles.push_back(line.name);
+}
+
+static void load_sound(const std::string &language, const Resources &resources)
+{
+    take_names(resources);
+    load_resources(host.menu.directory_of(language));
+    pretend_device_directory(language);
+    host.language = language;
+    show_language(language);
+    equip_items();
+}
+
+void start_host(const MenuDirectory &menu, const std::string &language)
+{
+    host.menu = menu;
+    Resources resources = sound_resources(menu.directory_of(language));
+    const Display &display = menu.manifest.display;
     osdmenu_fontsize_init2(display.font_size, display.burst);
     osdmenu_viewbuffer_malloc(display.width ? display.width : osdmenu_viewarea_width,
                               display.height ? display.height : osdmenu_viewarea_height);
-    load(directory);
-    pretend_device_directory(language_of(directory), manifest.device_directory);
-    for (const ReadItem &item : resources.items)
-        osdmenu_register_action_byname(item.name.c_str(), settings_action, 1);
-    for (const auto &[name, text] : manifest.free_texts)
-        osdmenu_action_setnewtxtvalue2menuitem_byname(name.c_str(), text.c_str());
-    set_language(language_of(directory), manifest.languages);
-    set_kz73_name(manifest.accessory.c_str());
+    if (!osdmenu_viewbuffer)
+        throw Failure("no memory for the view");
+    load_sound(language, resources);
+    set_kz73_name(menu.manifest.accessory.c_str());
     osdmenu_current_view_position_reset();
+}
+
+// The firmware shows and hides rows by its own state, which a change of language leaves as it is.
+static std::map<std::string, unsigned char> marks()
+{
+    std::map<std::string, unsigned char> result;
+    for (osdmenu_item *item = first_loaded(); item; item = loaded_after(item))
+        result[item->name] = item->position.levels[MENU_LEVELS - 1];
+    return result;
+}
+
+static void restore_marks(const std::map<std::string, unsigned char> &marks)
+{
+    for (osdmenu_item *item = first_loaded(); item; item = loaded_after(item))
+        if (auto found = marks.find(item->name); found != marks.end())
+            item->position.levels[MENU_LEVELS - 1] = found->second;
+}
+
+// Called with the lock held, and by the library from an action: no exception may leave it.
+static bool load_language(const std::string &language)
+{
+    try {
+        Resources resources = sound_resources(host.menu.directory_of(language));
+        std::map<std::string, unsigned char> kept = marks();
+        free_all_menuitems();
+        load_sound(language, resources);
+        restore_marks(kept);
+        return true;
+    } catch (const std::exception &e) {
+        host.notice = e.what();
+        show_language(host.language);
+        return false;
+    }
+}
+
+bool change_language(const std::string &language)
+{
+    osdmenu_Mutex_Lock(__func__);
+    bool is_loaded = load_language(language);
+    osdmenu_Mutex_Unlock(__func__);
+    return is_loaded;
 }
 
 // As every host: the background is its own to fill before each draw.
@@ -158,22 +286,35 @@ static int go_back()
     return 0;
 }
 
+static constexpr struct Key {
+    const char *name;
+    int (*press)();
+} keys[] = {
+    {"up", osdmenu_action_up},
+    {"down", osdmenu_action_down},
+    {"left", osdmenu_action_left},
+    {"right", osdmenu_action_right},
+    {"ok", osdmenu_action_ok},
+    {"back", go_back},
+    {"menu", osdmenu_current_view_position_reset},
+};
+
 bool press(const std::string &key)
 {
-    static const std::map<std::string, int (*)()> keys = {
-        {"up", osdmenu_action_up},
-        {"down", osdmenu_action_down},
-        {"left", osdmenu_action_left},
-        {"right", osdmenu_action_right},
-        {"ok", osdmenu_action_ok},
-        {"back", go_back},
-        {"menu", osdmenu_current_view_position_reset},
-    };
-    auto found = keys.find(key);
-    if (found == keys.end())
-        return false;
-    found->second();
-    return true;
+    for (const Key &each : keys)
+        if (key == each.name) {
+            each.press();
+            return true;
+        }
+    return false;
+}
+
+std::string key_names()
+{
+    std::vector<std::string> names;
+    for (const Key &key : keys)
+        names.push_back(key.name);
+    return joined(names, " ");
 }
 
 // The enabled indexes that lead to an item; false when it is not there or not shown.
@@ -192,7 +333,7 @@ static bool find_path(const list_head *page, const std::string &name, std::vecto
 }
 
 // Levels are entered one by one, so that each keeps its row for the way back.
-static bool choose(const std::string &name)
+bool go_to(const std::string &name)
 {
     std::vector<int> path;
     if (!find_path(&orderized_osdmenu.siblings, name, path))
@@ -209,7 +350,7 @@ static bool choose(const std::string &name)
 // OK acts on the item that the last draw found, hence the repaint between the two.
 bool open_item(const std::string &name)
 {
-    if (!choose(name))
+    if (!go_to(name))
         return false;
     if (name == "aimodeselection") {
         osdmenu_enter_aimodeselection();
@@ -217,4 +358,40 @@ bool open_item(const std::string &name)
     }
     repaint();
     return press("ok");
+}
+
+// A camera shows the page at a button of its remote control, and hides it again when it is left.
+void open_ai_mode()
+{
+    osdmenu_Mutex_Lock(__func__);
+    osdmenu_enableitem_byname("aimodeselection");
+    osdmenu_enter_aimodeselection();
+    osdmenu_Mutex_Unlock(__func__);
+}
+
+void open_information()
+{
+    osdmenu_Mutex_Lock(__func__);
+    osdmenu_call_information_immediate();
+    osdmenu_Mutex_Unlock(__func__);
+}
+
+PixelView painted_view()
+{
+    return {osdmenu_viewbuffer, osdmenu_viewarea_width, osdmenu_viewarea_height, osdmenu_viewarea_width,
+            host.menu.manifest.display.pixel_format};
+}
+
+// A missing name would be painted as text, which is never what is meant here.
+PixelView paint_bubble(const std::string &name)
+{
+    // Around a bubble's picture; the first counts bytes and must be even.
+    static constexpr int SIDE = 40, ABOVE = 20, BELOW = 20;
+    if (std::find(host.bubbles.begin(), host.bubbles.end(), name) == host.bubbles.end())
+        throw Failure("no bubble " + in_quotes(name) + "; known are: " + joined(host.bubbles, " "));
+    int width = 0, height = 0;
+    const char *block = osdmenu_get_bubbleline_byname_with_wh(name.c_str(), SIDE, ABOVE, BELOW, &width, &height);
+    if (static_cast<long>(width) * height > static_cast<long>(osdmenu_viewarea_width) * osdmenu_viewarea_height)
+        throw Failure("the bubble " + in_quotes(name) + " is larger than the view");
+    return {block, width, height, width, host.menu.manifest.display.pixel_format};
 }

@@ -1,80 +1,86 @@
 #include "render/png.h"
 
 #include <cstring>
+#include <map>
 
-#include <cairo.h>
+#include <png.h>
 
 #include "common/text.h"
 #include "store/output.h"
 
-// The usual sign for nothing.
-static Colour checkerboard(int x, int y)
-{
-    static constexpr int SQUARE = 16; // pixels
-    uint8_t grey = (x / SQUARE + y / SQUARE) % 2 ? 0xcc : 0xee;
-    return {grey, grey, grey, 255};
-}
+static_assert(sizeof(Colour) == 4, "a colour is a pixel of PNG_FORMAT_RGBA");
 
-static uint32_t rgb(const Colour &colour)
-{
-    return uint32_t{colour.red} << 16 | uint32_t{colour.green} << 8 | colour.blue;
-}
+static constexpr size_t PALETTE_SIZE = 256;
 
-static std::vector<Colour> palette_of(PixelFormat format)
+// The picture as indexes, or nothing when it has too many colours.
+static std::vector<uint8_t> indexed(const Image &image, std::vector<Colour> &palette)
 {
-    std::vector<Colour> colours;
-    for (unsigned int pixel = 0; pixel < 0x10000; pixel++)
-        colours.push_back(unpack(format, static_cast<uint16_t>(pixel)));
-    return colours;
-}
-
-// What each pixel value looks like. Made once: a view has millions of pixels, an export thousands of pictures.
-static const std::vector<Colour> &palette(PixelFormat format)
-{
-    static const std::vector<Colour> palettes[] = {palette_of(PixelFormat::argb1555), palette_of(PixelFormat::rgb565),
-                                                   palette_of(PixelFormat::argb4444)};
-    return palettes[static_cast<unsigned int>(format)];
-}
-
-static Colour blended(const Colour &colour, const Colour &ground)
-{
-    auto mixed = [&](uint8_t over, uint8_t under) {
-        return static_cast<uint8_t>((over * colour.alpha + under * (255 - colour.alpha) + 127) / 255);
-    };
-    return {mixed(colour.red, ground.red), mixed(colour.green, ground.green), mixed(colour.blue, ground.blue)};
-}
-
-static void paint_row(uint32_t *row, int y, const PixelView &view, const std::optional<Colour> &background)
-{
-    const std::vector<Colour> &colours = palette(view.format);
-    const char *pixels = view.first + static_cast<ptrdiff_t>(y) * view.pitch * 2;
-    for (int x = 0; x < view.width; x++) {
-        uint16_t pixel;
-        std::memcpy(&pixel, pixels + x * 2, sizeof pixel);
-        row[x] = rgb(blended(colours[pixel], background ? *background : checkerboard(x, y)));
+    std::map<uint32_t, uint8_t> index_of;
+    std::vector<uint8_t> indexes;
+    indexes.reserve(image.pixels.size());
+    uint32_t last = 0;
+    for (const Colour &colour : image.pixels) {
+        uint32_t key;
+        std::memcpy(&key, &colour, sizeof key);
+        // Most pixels repeat the one before.
+        if (!indexes.empty() && key == last) {
+            indexes.push_back(indexes.back());
+            continue;
+        }
+        last = key;
+        auto [found, is_new] = index_of.try_emplace(key, static_cast<uint8_t>(palette.size()));
+        if (is_new && palette.size() == PALETTE_SIZE)
+            return {};
+        if (is_new)
+            palette.push_back(colour);
+        indexes.push_back(found->second);
     }
+    return indexes;
 }
 
-static cairo_status_t append(void *closure, const unsigned char *data, unsigned int length)
+std::string png_of(const Image &image)
 {
-    static_cast<std::string *>(closure)->append(reinterpret_cast<const char *>(data), length);
-    return CAIRO_STATUS_SUCCESS;
+    std::vector<Colour> palette;
+    std::vector<uint8_t> indexes = indexed(image, palette);
+    png_image head{};
+    head.version = PNG_IMAGE_VERSION;
+    head.width = static_cast<png_uint_32>(image.width);
+    head.height = static_cast<png_uint_32>(image.height);
+    head.format = indexes.empty() ? PNG_FORMAT_RGBA : PNG_FORMAT_RGBA_COLORMAP;
+    head.colormap_entries = static_cast<png_uint_32>(palette.size());
+    const void *pixels = image.pixels.data();
+    if (!indexes.empty())
+        pixels = indexes.data();
+    // Room for what a compressor may add to bytes that it can't compress, and for the palette.
+    std::string png(image.pixels.size() * sizeof(Colour) * 2 + 4096, '\0');
+    png_alloc_size_t size = png.size();
+    if (!png_image_write_to_memory(&head, png.data(), &size, 0, pixels, 0, palette.data()))
+        throw Failure(std::string("a picture cannot be made: ") + head.message);
+    png.resize(size);
+    return png;
+}
+
+Image read_png(const std::string &path)
+{
+    png_image head{};
+    head.version = PNG_IMAGE_VERSION;
+    if (!png_image_begin_read_from_file(&head, path.c_str()))
+        throw Failure(path + ": " + head.message);
+    if (head.width > MAX_PICTURE_SIDE || head.height > MAX_PICTURE_SIDE) {
+        png_image_free(&head);
+        throw Failure(path + ": the picture is too large");
+    }
+    head.format = PNG_FORMAT_RGBA;
+    Image image{static_cast<int>(head.width), static_cast<int>(head.height), {}};
+    image.pixels.resize(size_t{head.width} * head.height);
+    if (!png_image_finish_read(&head, nullptr, image.pixels.data(), 0, nullptr))
+        throw Failure(path + ": " + head.message);
+    return image;
 }
 
 void write_png(const std::string &path, const PixelView &view, const std::optional<Colour> &background)
 {
-    cairo_surface_t *surface = cairo_image_surface_create(CAIRO_FORMAT_RGB24, view.width, view.height);
-    unsigned char *data = cairo_image_surface_get_data(surface);
-    if (!data)
-        throw Failure(path + ": a picture of that size cannot be made");
-    for (int y = 0; y < view.height; y++)
-        paint_row(reinterpret_cast<uint32_t *>(data + y * cairo_image_surface_get_stride(surface)), y, view,
-                  background);
-    cairo_surface_mark_dirty(surface);
-    std::string png;
-    cairo_status_t status = cairo_surface_write_to_png_stream(surface, append, &png);
-    cairo_surface_destroy(surface);
-    if (status != CAIRO_STATUS_SUCCESS)
-        throw Failure(path + ": " + cairo_status_to_string(status));
-    replace_file(path, png);
+    Image image = image_of(view);
+    lay_over(image, background);
+    replace_file(path, png_of(image));
 }

@@ -1,18 +1,15 @@
-// Pixels of the device as a PNG file.
+// Pictures as PNG files.
 #pragma once
 
 #include <optional>
 #include <string>
 
-#include "render/pixels.h"
+#include "render/image.h"
 
-struct PixelView {
-    const char *first; // pixel
-    int width;
-    int height;
-    int pitch; // pixels from one row to the next
-    PixelFormat format;
-};
+// The bytes of a PNG file: with a palette where the picture has at most 256 colours, which most pages do.
+std::string png_of(const Image &image);
+
+Image read_png(const std::string &path);
 
 // Pixels show the background as far as they are transparent, or a checkerboard without one.
 void write_png(const std::string &path, const PixelView &view, const std::optional<Colour> &background);

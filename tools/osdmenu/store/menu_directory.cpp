@@ -1,0 +1,74 @@
+#include "store/menu_directory.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "common/text.h"
+
+namespace fs = std::filesystem;
+
+static bool is_language(const fs::path &directory)
+{
+    std::error_code ignored;
+    return fs::exists(directory / RESOURCE_FILES[0], ignored);
+}
+
+// In the order of their names.
+static std::vector<std::string> languages_below(const fs::path &directory)
+{
+    std::vector<std::string> languages;
+    std::error_code ignored;
+    for (const fs::directory_entry &entry : fs::directory_iterator(directory, ignored))
+        if (is_language(entry.path()))
+            languages.push_back(entry.path().filename().string());
+    std::sort(languages.begin(), languages.end());
+    return languages;
+}
+
+// What the manifest doesn't list comes last: the made-up language, a directory that was copied there.
+static std::vector<std::string> in_order(const std::vector<std::string> &order, std::vector<std::string> languages)
+{
+    auto rank = [&](const std::string &code) { return std::find(order.begin(), order.end(), code) - order.begin(); };
+    std::stable_sort(languages.begin(), languages.end(),
+                     [&](const std::string &a, const std::string &b) { return rank(a) < rank(b); });
+    return languages;
+}
+
+bool MenuDirectory::has_language(const std::string &code) const
+{
+    return std::find(languages.begin(), languages.end(), code) != languages.end();
+}
+
+MenuDirectory open_menu_directory(const std::string &given, Findings &findings)
+{
+    MenuDirectory menu;
+    fs::path path = given.ends_with('/') ? fs::path(given).parent_path() : fs::path(given);
+    if (path.empty() || path.filename() == "." || path.filename() == "..")
+        path = fs::absolute(path).lexically_normal();
+    std::vector<std::string> below = languages_below(path);
+    // Without either it is taken for a language: the reader of its files then tells what is not there.
+    if (below.empty() && !fs::exists(path / "menu.json")) {
+        menu.language = path.filename().string();
+        path = path.parent_path();
+        below = languages_below(path.empty() ? fs::path(".") : path);
+    }
+    menu.path = path.empty() ? "" : path.string() + "/";
+    menu.manifest = read_manifest(path.empty() ? "." : path.string(), findings);
+    menu.languages = in_order(menu.manifest.languages, below);
+    if (menu.language.empty() && menu.languages.empty())
+        throw Failure(given + ": holds no language");
+    if (menu.language.empty())
+        menu.language = menu.languages.front();
+    return menu;
+}
+
+Resources sound_resources(const std::string &directory)
+{
+    Resources resources = read_resources(files_of_directory(directory));
+    std::vector<std::string> lines;
+    for (const Fault &fault : resources.faults)
+        lines.push_back(directory + fault.file + ": byte " + std::to_string(fault.offset) + ": " + fault.text);
+    if (!lines.empty())
+        throw Failure(joined(lines, "\n"));
+    return resources;
+}
