@@ -2,6 +2,7 @@
 #pragma once
 
 #include <map>
+#include <set>
 #include <string>
 
 #include "menu/project.h"
@@ -12,6 +13,15 @@ struct LanguageRecord {
     std::string files;
 };
 
+// What the rules found in a menu that was built all the same, for whoever looks at it later.
+struct KnownFinding {
+    std::string rule;
+    std::string severity;
+    std::string text;
+    std::string subject;  // the item or line that it is about
+    std::string language; // empty where it holds in every language
+};
+
 struct Manifest {
     Display display; // width and height are always set
     Colour background;
@@ -20,6 +30,8 @@ struct Manifest {
     std::string accessory;                         // name of the accessory
     std::map<std::string, std::string> free_texts; // texts that the host puts in at run time, by item
     std::map<std::string, LanguageRecord> records; // by language
+    std::vector<KnownFinding> findings;
+    std::set<std::string> only_read; // items that are there to be read, not to be chosen
 };
 
 std::string manifest_text(const Project &project, const std::map<std::string, std::string> &font_versions,
