@@ -49,7 +49,7 @@ static std::map<std::string, std::string> font_versions(const LanguageFonts &fon
 }
 
 // Everything that goes into the directory, by relative path.
-static Files all_files(const Project &project, const LanguageFonts &fonts,
+static Files all_files(const Project &project, const Findings &findings, const LanguageFonts &fonts,
                        const std::vector<RenderedLanguage> &languages)
 {
     Files files;
@@ -59,7 +59,7 @@ static Files all_files(const Project &project, const LanguageFonts &fonts,
             files[language.code + "/" + name] = content;
         records[language.code] = {language.inputs, digest_of(language.files)};
     }
-    files["menu.json"] = manifest_text(project, font_versions(fonts), records);
+    files["menu.json"] = manifest_text(project, findings, font_versions(fonts), records);
     files["conf_backup/osd_menu.json"] = project.configuration.text();
     return files;
 }
@@ -108,7 +108,7 @@ static int run_build(const BuildOptions &options)
     print_report(streams.err, findings, ReportFormat::text);
     if (findings.has_errors())
         return STATUS_FINDINGS;
-    Files files = all_files(*judged.project, judged.fonts, judged.languages);
+    Files files = all_files(*judged.project, findings, judged.fonts, judged.languages);
     return options.verify ? verify(options, files, streams.out)
                           : write(options, files, judged.languages, *judged.project, streams.out);
 }

@@ -24,30 +24,18 @@ struct CheckOptions {
 
 } // namespace
 
-static const std::map<std::string, ReportFormat> formats = {{"text", ReportFormat::text},
-                                                            {"json", ReportFormat::json},
-                                                            {"sarif", ReportFormat::sarif},
-                                                            {"github", ReportFormat::github}};
-
-static std::string counted(size_t count, const std::string &what)
-{
-    return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
-}
-
 static std::string count_line(const Findings &findings, const Judged &judged)
 {
-    size_t errors = findings.count(Severity::error), warnings = findings.count(Severity::warning);
-    std::string found =
-        errors + warnings == 0 ? "no findings" : counted(errors, "error") + ", " + counted(warnings, "warning");
     size_t languages = judged.languages.size();
-    return found + (languages ? " in " + counted(languages, "language") : "; no text was rendered") + "\n";
+    return counts_of(findings) + (languages ? " in " + counted(languages, "language") : "; no text was rendered") +
+           "\n";
 }
 
 // The findings are the result here. Beside a table they still say why the exit status is what it is.
 static std::string result_of(const CheckOptions &options, const Findings &findings, const Judged &judged,
                              std::FILE *err)
 {
-    ReportFormat format = formats.at(options.format);
+    ReportFormat format = report_formats().at(options.format);
     if (!options.headroom)
         return report(findings, format) + (format == ReportFormat::text ? count_line(findings, judged) : "");
     print_report(err, findings, ReportFormat::text);
@@ -58,8 +46,7 @@ static int status_of(const Findings &findings, bool strict)
 {
     if (findings.has_rule("unreadable"))
         return STATUS_UNCHECKED;
-    bool counts = findings.has_errors() || (strict && findings.count(Severity::warning) > 0);
-    return counts ? STATUS_FINDINGS : STATUS_CLEAN;
+    return counts_as_failure(findings, strict) ? STATUS_FINDINGS : STATUS_CLEAN;
 }
 
 // Whatever stops the run, the menu has not been judged then.
@@ -86,7 +73,8 @@ void add_check(CLI::App &app, Run &run)
     auto options = std::make_shared<CheckOptions>();
     CLI::App *command = app.add_subcommand("check", "Holds a menu against every rule");
     command->add_option("menu", options->menu, "The menu, a YAML file")->required();
-    command->add_option("--format", options->format, "text, json, sarif or github")->check(CLI::IsMember(formats));
+    command->add_option("--format", options->format, "text, json, sarif or github")
+        ->check(CLI::IsMember(report_formats()));
     command->add_option("-o,--output", options->output, "File to write in place of standard output");
     command->add_flag("--strict", options->strict, "Warnings count like errors");
     command->add_flag("--headroom", options->headroom, "Shows the free pixels of every text, as text or json");

@@ -18,3 +18,4 @@ void add_extract(CLI::App &app, Run &run);
 void add_inspect(CLI::App &app, Run &run);
 void add_schema(CLI::App &app, Run &run);
 void add_shot(CLI::App &app, Run &run);
+void add_walk(CLI::App &app, Run &run);

@@ -57,20 +57,6 @@ static void play(const std::string &key)
     repaint();
 }
 
-// A name that isn't there would be passed over in silence.
-static void change_marks(const ShotOptions &options)
-{
-    auto change = [&](const std::vector<std::string> &names, int (*mark)(const char *)) {
-        for (const std::string &name : names) {
-            if (std::find(host.items.begin(), host.items.end(), name) == host.items.end())
-                throw Failure("no item " + in_quotes(name));
-            mark(name.c_str());
-        }
-    };
-    change(options.enabled, osdmenu_enableitem_byname);
-    change(options.disabled, osdmenu_disableitem_byname);
-}
-
 // Keys act on what the last draw found, so there is one before the first key and after each.
 static PixelView page(const ShotOptions &options)
 {
@@ -141,7 +127,10 @@ static int run_shot(const ShotOptions &options)
     if (!options.trace.empty())
         trace_all_steps();
     start_host(menu, menu.language);
-    change_marks(options);
+    for (const std::string &item : options.enabled)
+        show_row(item, true);
+    for (const std::string &item : options.disabled)
+        show_row(item, false);
     write_png(options.output, picture(options), parse_colour(options.background));
     return 0;
 }

@@ -67,6 +67,12 @@ std::string in_quotes(const std::string &text)
     return "'" + text + "'";
 }
 
+std::string counted(size_t count, const std::string &what)
+{
+    std::string ending = count == 1 ? "" : what.ends_with('s') ? "es" : "s";
+    return std::to_string(count).append(" ").append(what).append(ending);
+}
+
 std::string joined(const std::vector<std::string> &texts, const std::string &between)
 {
     std::string result;

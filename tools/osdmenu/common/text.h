@@ -30,6 +30,7 @@ std::string cut_utf8(const std::string &text, size_t limit);
 std::optional<std::string> character_without_glyph(const std::string &text);
 
 std::string in_quotes(const std::string &text);
+std::string counted(size_t count, const std::string &what); // "1 row", "2 rows"
 std::string joined(const std::vector<std::string> &texts, const std::string &between);
 
 // The known word that takes the fewest changes of a letter, and at most so many. Null when none is that near.

@@ -360,6 +360,17 @@ bool open_item(const std::string &name)
     return press("ok");
 }
 
+// A name that isn't there would be passed over in silence.
+void show_row(const std::string &item, bool shown)
+{
+    if (std::find(host.items.begin(), host.items.end(), item) == host.items.end())
+        throw Failure("no item " + in_quotes(item));
+    if (shown)
+        osdmenu_enableitem_byname(item.c_str());
+    else
+        osdmenu_disableitem_byname(item.c_str());
+}
+
 // A camera shows the page at a button of its remote control, and hides it again when it is left.
 void open_ai_mode()
 {

@@ -52,6 +52,9 @@ bool go_to(const std::string &item);
 // Goes to an item, wherever it lies, and presses OK there. False when no page shows it.
 bool open_item(const std::string &item);
 
+// As the firmware shows and hides rows. A Failure when there is no item of that name.
+void show_row(const std::string &item, bool shown);
+
 // What a camera does at buttons of its own.
 void open_ai_mode();
 void open_information();

@@ -52,5 +52,3 @@ struct KeyTable {
 const std::vector<KeyTable> &all_key_tables();
 
 const KeyTable &key_table(const std::string &name);
-
-inline constexpr Severity SEVERITIES[] = {Severity::error, Severity::warning, Severity::off};

@@ -43,7 +43,8 @@ void Findings::settle(const CheckSettings &settings)
     // Where the menu could not be judged to the end, a suppression may have its finding still to come.
     bool is_judged = !has_rule("menu-file") && !has_rule("unreadable");
     for (const Suppression &suppression : settings.suppressions)
-        if (std::erase_if(findings, [&](const Finding &f) { return suppresses(suppression, f); }) == 0 && is_judged)
+        if (std::erase_if(findings, [&](const Finding &f) { return suppresses(suppression, f); }) == 0 && is_judged &&
+            !rule_named(suppression.rule)->is_walked)
             add({suppression.place, "needless-suppression",
                  "nothing breaks " + in_quotes(suppression.rule) + " here: the suppression is not needed",
                  "take it out"});

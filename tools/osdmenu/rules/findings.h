@@ -16,6 +16,7 @@ struct Place {
 };
 
 enum class Severity { error, warning, off };
+inline constexpr Severity SEVERITIES[] = {Severity::error, Severity::warning, Severity::off};
 const char *severity_name(Severity severity);
 
 struct Finding {

@@ -166,3 +166,23 @@ std::string report(const Findings &findings, ReportFormat format)
         return json_object({{"schema", "1"}, {"findings", json_array(parts)}}) + "\n";
     return format == ReportFormat::sarif ? sarif_report(parts) + "\n" : joined(parts, "");
 }
+
+const std::map<std::string, ReportFormat> &report_formats()
+{
+    static const std::map<std::string, ReportFormat> formats = {{"text", ReportFormat::text},
+                                                                {"json", ReportFormat::json},
+                                                                {"sarif", ReportFormat::sarif},
+                                                                {"github", ReportFormat::github}};
+    return formats;
+}
+
+std::string counts_of(const Findings &findings)
+{
+    size_t errors = findings.count(Severity::error), warnings = findings.count(Severity::warning);
+    return errors + warnings == 0 ? "no findings" : counted(errors, "error") + ", " + counted(warnings, "warning");
+}
+
+bool counts_as_failure(const Findings &findings, bool strict)
+{
+    return findings.has_errors() || (strict && findings.count(Severity::warning) > 0);
+}

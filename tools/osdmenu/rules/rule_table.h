@@ -11,6 +11,7 @@ struct Rule {
     const char *name;
     Severity severity; // unless the menu file sets another
     bool is_fixed;     // the menu can neither set its severity nor suppress it
+    bool is_walked;    // found by `osdmenu walk`, not by `osdmenu check`
     const char *summary;
     const char *reason; // what happens on the device, or to the people who use the files
     const char *cure;

@@ -2,6 +2,7 @@
 
 #include "common/text.h"
 #include "render/fonts.h"
+#include "rules/rule_table.h"
 
 static void add_texts(cJSON *object, const char *key, const std::map<std::string, std::string> &texts)
 {
@@ -32,7 +33,50 @@ static void add_records(cJSON *object, const std::map<std::string, LanguageRecor
     }
 }
 
-std::string manifest_text(const Project &project, const std::map<std::string, std::string> &font_versions,
+// Without their places: the same menu has the same manifest wherever it lies.
+static void add_findings(cJSON *object, const Findings &findings)
+{
+    cJSON *list = cJSON_AddArrayToObject(object, "findings");
+    for (const Finding &finding : findings.sorted()) {
+        cJSON *entry = cJSON_CreateObject();
+        cJSON_AddItemToArray(list, entry);
+        cJSON_AddStringToObject(entry, "rule", finding.rule.c_str());
+        cJSON_AddStringToObject(entry, "severity", severity_name(finding.severity));
+        cJSON_AddStringToObject(entry, "text", finding.text.c_str());
+        cJSON_AddStringToObject(entry, "subject", finding.subject.c_str());
+        cJSON_AddStringToObject(entry, "language", finding.language.c_str());
+    }
+}
+
+static void add_only_read(cJSON *object, const std::vector<Row> &rows)
+{
+    cJSON *list = cJSON_AddArrayToObject(object, "only_read");
+    for (const Row &row : rows)
+        if (row.item->muted)
+            cJSON_AddItemToArray(list, cJSON_CreateString(row.item->name.c_str()));
+}
+
+// What the menu says about the rules that only a walk can hold it against.
+static void add_check(cJSON *object, const CheckSettings &check)
+{
+    cJSON *inner = cJSON_AddObjectToObject(object, "check");
+    cJSON *severities = cJSON_AddObjectToObject(inner, "severity");
+    for (const auto &[rule, severity] : check.severities)
+        if (rule_named(rule)->is_walked)
+            cJSON_AddStringToObject(severities, rule.c_str(), severity_name(severity));
+    cJSON *suppressions = cJSON_AddArrayToObject(inner, "suppress");
+    for (const Suppression &suppression : check.suppressions) {
+        if (!rule_named(suppression.rule)->is_walked)
+            continue;
+        cJSON *entry = cJSON_CreateObject();
+        cJSON_AddItemToArray(suppressions, entry);
+        cJSON_AddStringToObject(entry, "rule", suppression.rule.c_str());
+        cJSON_AddStringToObject(entry, "item", suppression.subject.c_str());
+    }
+}
+
+std::string manifest_text(const Project &project, const Findings &findings,
+                          const std::map<std::string, std::string> &font_versions,
                           const std::map<std::string, LanguageRecord> &records)
 {
     const Menu &menu = project.menu;
@@ -56,6 +100,9 @@ std::string manifest_text(const Project &project, const std::map<std::string, st
             free_texts[row.item->name] = row.item->choices[0].words;
     add_texts(root.get(), "free_texts", free_texts);
     add_texts(root.get(), "opens_on", opening_rows(menu, rows));
+    add_only_read(root.get(), rows);
+    add_findings(root.get(), findings);
+    add_check(root.get(), menu.check);
     add_texts(root.get(), "fonts", font_versions);
     add_texts(root.get(), "shaped_by", shaping_versions());
     add_records(root.get(), records);
@@ -74,6 +121,39 @@ static std::string text_of(const cJSON *root, const char *key)
 {
     const cJSON *entry = cJSON_GetObjectItemCaseSensitive(root, key);
     return cJSON_IsString(entry) ? entry->valuestring : "";
+}
+
+static std::vector<std::string> texts_of(const cJSON *root, const char *key)
+{
+    std::vector<std::string> texts;
+    const cJSON *entry;
+    cJSON_ArrayForEach(entry, cJSON_GetObjectItemCaseSensitive(root, key)) if (cJSON_IsString(entry))
+        texts.push_back(entry->valuestring);
+    return texts;
+}
+
+static void take_findings(const cJSON *root, std::vector<KnownFinding> &findings)
+{
+    const cJSON *entry;
+    cJSON_ArrayForEach(entry, cJSON_GetObjectItemCaseSensitive(root, "findings"))
+        findings.push_back({text_of(entry, "rule"), text_of(entry, "severity"), text_of(entry, "text"),
+                            text_of(entry, "subject"), text_of(entry, "language")});
+}
+
+// A rule that this edition of the tool doesn't know says nothing.
+static void take_check(const cJSON *check, CheckSettings &settings)
+{
+    const cJSON *entry;
+    cJSON_ArrayForEach(entry, cJSON_GetObjectItemCaseSensitive(
+                                  check, "severity")) for (Severity severity :
+                                                           SEVERITIES) if (cJSON_IsString(entry) &&
+                                                                           std::string(entry->valuestring) ==
+                                                                               severity_name(severity))
+        settings.severities.push_back({entry->string, severity});
+    cJSON_ArrayForEach(entry, cJSON_GetObjectItemCaseSensitive(check, "suppress")) if (const Rule *rule = rule_named(
+                                                                                           text_of(entry, "rule"));
+                                                                                       rule && rule->is_walked)
+        settings.suppressions.push_back({Place{}, rule->name, text_of(entry, "item"), "", ""});
 }
 
 Manifest read_manifest(const std::string &directory, Findings &findings)
@@ -97,8 +177,11 @@ Manifest read_manifest(const std::string &directory, Findings &findings)
     manifest.device_directory = text_of(root.get(), "device_directory");
     manifest.accessory = text_of(root.get(), "accessory");
     const cJSON *entry;
-    cJSON_ArrayForEach(entry, cJSON_GetObjectItemCaseSensitive(root.get(), "languages")) if (cJSON_IsString(entry))
-        manifest.languages.push_back(entry->valuestring);
+    manifest.languages = texts_of(root.get(), "languages");
+    std::vector<std::string> only_read = texts_of(root.get(), "only_read");
+    manifest.only_read = {only_read.begin(), only_read.end()};
+    take_findings(root.get(), manifest.findings);
+    take_check(cJSON_GetObjectItemCaseSensitive(root.get(), "check"), manifest.check);
     cJSON_ArrayForEach(entry, cJSON_GetObjectItemCaseSensitive(root.get(), "free_texts")) if (cJSON_IsString(entry))
         manifest.free_texts[entry->string] = entry->valuestring;
     cJSON_ArrayForEach(entry, cJSON_GetObjectItemCaseSensitive(root.get(), "digests"))

@@ -32,9 +32,11 @@ struct Manifest {
     std::map<std::string, LanguageRecord> records; // by language
     std::vector<KnownFinding> findings;
     std::set<std::string> only_read; // items that are there to be read, not to be chosen
+    CheckSettings check;             // what the menu says about the findings of a walk
 };
 
-std::string manifest_text(const Project &project, const std::map<std::string, std::string> &font_versions,
+std::string manifest_text(const Project &project, const Findings &findings,
+                          const std::map<std::string, std::string> &font_versions,
                           const std::map<std::string, LanguageRecord> &records);
 
 // Reads menu.json of a directory. Without one the defaults hold, and a warning goes to the findings.

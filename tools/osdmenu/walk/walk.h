@@ -33,8 +33,8 @@ void return_to(const MenuState &state);
 // A value of a row, as LEFT and RIGHT lead to it.
 struct WalkedValue {
     int value = 0;
-    int presses = 0;  // of LEFT and RIGHT from the row's own value
-    size_t left = 0;  // index among the row's values
+    int presses = 0; // of LEFT and RIGHT from the row's own value
+    size_t left = 0; // index among the row's values
     size_t right = 0;
 };
 

@@ -1,0 +1,210 @@
+#include "walk/walk.h"
+
+#include <algorithm>
+#include <map>
+#include <utility>
+
+#include "common/text.h"
+#include "core/walks.h"
+#include "host/host.h"
+#include "osd_menu_post.h"
+
+// More states than any menu for people has, and more values than anyone steps through.
+static constexpr size_t MAX_STATES = 20000, MAX_VALUES = 1000;
+
+static std::vector<bool> rows_shown()
+{
+    std::vector<bool> shown;
+    for (osdmenu_item *item = first_loaded(); item; item = loaded_after(item))
+        shown.push_back(!is_disabled(item));
+    return shown;
+}
+
+MenuState menu_state()
+{
+    MenuState state;
+    state.level = osdmenu_current_viewlevel;
+    for (int level = 0; level < MENU_LEVELS; level++) {
+        auto at = static_cast<size_t>(level);
+        state.rows[at] = level <= state.level ? current_view_position.levels[level] : 1;
+        state.tops[at] = osdmenu_viewarea_topitem_number.levels[level];
+    }
+    state.first_unseen = last_noview_itemnumber;
+    state.shown = rows_shown();
+    return state;
+}
+
+// Only what changed is marked anew: a mark from the file may be more than shown or hidden.
+static void show_rows(const std::vector<bool> &shown)
+{
+    size_t index = 0;
+    for (osdmenu_item *item = first_loaded(); item; item = loaded_after(item), index++)
+        if (shown[index] == is_disabled(item))
+            item->position.levels[MENU_LEVELS - 1] = shown[index] ? ITEM_MARK_ENABLED : ITEM_MARK_DISABLED;
+}
+
+// The draw finds the current item and the counts on which the next key acts.
+static void stand_at(const MenuState &state)
+{
+    osdmenu_current_viewlevel = state.level;
+    std::copy(state.rows.begin(), state.rows.end(), current_view_position.levels);
+    std::copy(state.tops.begin(), state.tops.end(), osdmenu_viewarea_topitem_number.levels);
+    last_noview_itemnumber = state.first_unseen;
+    show_rows(state.shown);
+    osdmenu_draw_allitems();
+}
+
+void return_to(const MenuState &state)
+{
+    stand_at(state);
+    repaint();
+}
+
+// The item whose page holds a row; null for the top list, and where the row is on no page below `parent`.
+static const osdmenu_item *page_with(const osdmenu_item *row, const list_head *page, const osdmenu_item *parent)
+{
+    for (const osdmenu_item *each = first_row(page); each; each = row_below(each, page)) {
+        if (each == row)
+            return parent;
+        if (const osdmenu_item *found = page_with(row, &each->child, each))
+            return found;
+    }
+    return nullptr;
+}
+
+namespace
+{
+
+struct Walker {
+    const WalkVisitor &visitor;
+    const std::string *wanted; // item at which the walk ends, null to walk all and the values too
+    Settings settings;         // as they are before each press
+    Walk walk = {};
+    std::map<MenuState, size_t> index_of = {};
+
+    bool is_done() const
+    {
+        return wanted && !walk.states.empty() && walk.states.back().item == *wanted;
+    }
+};
+
+} // namespace
+
+// A host's answer and the item's own value, as they are after a draw that showed it.
+static void set_value(const std::string &item, int value)
+{
+    host.settings.values[item] = value;
+    osdmenu_action_ext_change_value_byname(item.c_str(), value);
+}
+
+static size_t index_of_value(std::vector<WalkedValue> &values, int value, int presses)
+{
+    auto found = std::find_if(values.begin(), values.end(), [&](const WalkedValue &one) { return one.value == value; });
+    if (found == values.end() && values.size() < MAX_VALUES)
+        found = values.insert(values.end(), {value, presses});
+    return std::min(static_cast<size_t>(found - values.begin()), values.size() - 1);
+}
+
+static void walk_values(const Walker &walker, WalkedState &state, size_t index)
+{
+    const osdmenu_item *item = osdmenu_current_menuitem;
+    if (!item || item->item_values.type == VALUE_NONE || item->item_values.type == VALUE_RAWTXT)
+        return;
+    state.values.push_back({host.settings.values[state.item]});
+    auto after = [&](const WalkedValue &from, const char *key) {
+        set_value(state.item, from.value);
+        press(key);
+        return index_of_value(state.values, host.settings.values[state.item], from.presses + 1);
+    };
+    for (size_t at = 0; at < state.values.size(); at++) {
+        const WalkedValue from = state.values[at]; // the list grows
+        state.values[at].left = after(from, "left");
+        state.values[at].right = after(from, "right");
+        if (at > 0 && walker.visitor.value) {
+            set_value(state.item, from.value);
+            repaint();
+            walker.visitor.value(state, index, from.value);
+        }
+    }
+    host.settings = walker.settings;
+    set_value(state.item, state.values[0].value);
+}
+
+// The state that a key has led to; a new one is walked later in its turn.
+static size_t arrive(Walker &walker, size_t from, size_t key)
+{
+    std::vector<WalkedState> &states = walker.walk.states;
+    auto [found, is_new] = walker.index_of.try_emplace(menu_state(), states.size());
+    if (!is_new)
+        return found->second;
+    WalkedState state;
+    state.state = found->first;
+    state.item = osdmenu_current_menuitem ? osdmenu_current_menuitem->name : "";
+    const osdmenu_item *page = page_with(osdmenu_current_menuitem, &orderized_osdmenu.siblings, nullptr);
+    state.page = page ? page->name : "";
+    state.presses = states.empty() ? 0 : states[from].presses + 1;
+    state.from = from;
+    state.key = key;
+    state.next.fill(found->second);
+    if (walker.visitor.state) {
+        repaint();
+        walker.visitor.state(state, found->second);
+    }
+    if (!walker.wanted)
+        walk_values(walker, state, found->second);
+    states.push_back(std::move(state));
+    return found->second;
+}
+
+static void press_every_key(Walker &walker, size_t at)
+{
+    for (size_t key = 0; key < WALK_KEY_COUNT && !walker.is_done(); key++) {
+        stand_at(MenuState(walker.walk.states[at].state));
+        press(WALK_KEYS[key]);
+        host.settings = walker.settings;
+        osdmenu_draw_allitems();
+        size_t next = arrive(walker, at, key);
+        walker.walk.states[at].next[key] = next;
+    }
+}
+
+// Trying is not doing: nothing is saved and no language loaded meanwhile.
+static Walk explore(const WalkVisitor &visitor, const std::string *wanted)
+{
+    const std::string settings_path = std::exchange(host.settings_path, "");
+    const bool follows_language = std::exchange(host.follows_language, false);
+    Walker walker{visitor, wanted, host.settings};
+    osdmenu_draw_allitems();
+    const MenuState start = menu_state();
+    arrive(walker, 0, 0);
+    size_t at = 0;
+    for (; at < walker.walk.states.size() && walker.walk.states.size() < MAX_STATES && !walker.is_done(); at++)
+        press_every_key(walker, at);
+    walker.walk.is_whole = at == walker.walk.states.size();
+    return_to(start);
+    host.settings_path = settings_path;
+    host.follows_language = follows_language;
+    return std::move(walker.walk);
+}
+
+Walk walk_menu(const WalkVisitor &visitor)
+{
+    return explore(visitor, nullptr);
+}
+
+std::vector<std::string> keys_to(const Walk &walk, size_t state)
+{
+    std::vector<std::string> keys;
+    for (; walk.states[state].from != state; state = walk.states[state].from)
+        keys.push_back(WALK_KEYS[walk.states[state].key]);
+    std::reverse(keys.begin(), keys.end());
+    return keys;
+}
+
+std::vector<std::string> keys_to_item(const std::string &item)
+{
+    Walk walk = explore({}, &item);
+    if (walk.states.back().item != item)
+        throw Failure("no key leads to " + in_quotes(item));
+    return keys_to(walk, walk.states.size() - 1);
+}

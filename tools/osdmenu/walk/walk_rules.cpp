@@ -1,0 +1,83 @@
+#include "walk/walk_rules.h"
+
+#include <algorithm>
+#include <set>
+
+#include "common/text.h"
+#include "core/walks.h"
+#include "host/host.h"
+
+// Titles and rows that are there to be read are not to be chosen.
+static bool is_to_be_chosen(const osdmenu_item *row)
+{
+    std::string name = row->name;
+    return !is_disabled(row) && name.find("title") == name.npos && !host.menu.manifest.only_read.contains(name);
+}
+
+static bool has_other_row(const list_head *page, const std::string &item)
+{
+    for (const osdmenu_item *row = first_row(page); row; row = row_below(row, page))
+        if (item != row->name && is_to_be_chosen(row))
+            return true;
+    return false;
+}
+
+static void add(Findings &findings, const char *rule, const std::string &text, const std::string &subject)
+{
+    Finding finding;
+    finding.place.file = host.menu.directory_of(host.language) + RESOURCE_FILES[0]; // which holds the rows
+    finding.rule = rule;
+    finding.text = text;
+    finding.subject = subject;
+    findings.add(std::move(finding));
+}
+
+static void find_rows(const list_head *page, const std::set<std::string> &reached, Findings &findings)
+{
+    for (const osdmenu_item *row = first_row(page); row; row = row_below(row, page)) {
+        if (reached.contains(row->name))
+            find_rows(&row->child, reached, findings);
+        else if (is_to_be_chosen(row)) // and none below it
+            add(findings, "unreachable-row", "no key reaches " + in_quotes(row->name), row->name);
+    }
+}
+
+static bool is_left_by_no_key(const Walk &walk, size_t at)
+{
+    const WalkedState &state = walk.states[at];
+    // The last key is the step back, which leaves every page.
+    return state.values.empty() &&
+           std::all_of(state.next.begin(), state.next.end() - 1, [&](size_t next) { return next == at; });
+}
+
+static const list_head *page_of(const WalkedState &state)
+{
+    const osdmenu_item *item = state.page.empty() ? nullptr : item_byname(state.page.c_str());
+    return item ? &item->child : &orderized_osdmenu.siblings;
+}
+
+static void find_dead_ends(const Walk &walk, Findings &findings)
+{
+    for (size_t at = 0; at < walk.states.size(); at++) {
+        const WalkedState &state = walk.states[at];
+        const std::string page = state.page.empty() ? "the top list" : "the page " + in_quotes(state.page);
+        if (state.item.empty())
+            add(findings, "dead-end", page + " has no row chosen after " + joined(keys_to(walk, at), " "), state.page);
+        else if (is_left_by_no_key(walk, at) && has_other_row(page_of(state), state.item))
+            add(findings, "dead-end",
+                std::string("no key leads from ").append(in_quotes(state.item)).append(" to another row of ") + page,
+                state.item);
+    }
+}
+
+Findings findings_of(const Walk &walk)
+{
+    Findings findings;
+    std::set<std::string> reached;
+    for (const WalkedState &state : walk.states)
+        reached.insert(state.item);
+    find_rows(&orderized_osdmenu.siblings, reached, findings);
+    find_dead_ends(walk, findings);
+    findings.settle(host.menu.manifest.check);
+    return findings;
+}
