@@ -46,6 +46,18 @@ int save_config_to_flash(void)
     }
 }
 
+// Of the top list, chosen when the AI mode page was opened over it; -1 without such a page.
+static int row_below_ai_mode = -1;
+
+// The page is gone with its row: the user is back at the row from before. Called with the lock held.
+int set_aimode_show(int)
+{
+    if (row_below_ai_mode >= 0)
+        set_current_view_position(0, row_below_ai_mode);
+    row_below_ai_mode = -1;
+    return 0;
+}
+
 // What the resource file carries is the factory setting.
 static int value_of(const osdmenu_item *item)
 {
@@ -375,6 +387,8 @@ void show_row(const std::string &item, bool shown)
 void open_ai_mode()
 {
     osdmenu_Mutex_Lock(__func__);
+    if (row_below_ai_mode < 0)
+        row_below_ai_mode = osdmenu_current_view_position();
     osdmenu_enableitem_byname("aimodeselection");
     osdmenu_enter_aimodeselection();
     osdmenu_Mutex_Unlock(__func__);
