@@ -1,5 +1,5 @@
-// What a designer waits for: whole runs of `osdmenu build` over the sample menu, beside the least that they could
-// take, a copy of the same files. Each round runs all of them in turn.
+// What a designer waits for: whole runs of `osdmenu build`, `walk` and `gallery` over the sample menu in ten languages,
+// beside the least that they could take, a copy of the same files. Each round runs all of them in turn.
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -71,7 +71,7 @@ static void print(const char *name, const Measured &measured, const Measured &fl
     std::vector<double> ratios;
     for (size_t i = 0; i < measured.milliseconds.size(); i++)
         ratios.push_back(measured.milliseconds[i] / floor.milliseconds[i]);
-    std::printf("%-28s %8.1f ms %8.1f MiB   x %.2f of the copy (median of pairs %.2f)\n", name, least,
+    std::printf("%-30s %8.1f ms %8.1f MiB   x %.2f of the copy (median of pairs %.2f)\n", name, least,
                 static_cast<double>(measured.peak_kib) / 1024, least / least_floor, median(ratios));
 }
 
@@ -84,7 +84,8 @@ int main()
     auto build = [&](const std::string &to) {
         return std::vector<std::string>{OSDMENU_TOOL, "build", menu + "/menu.yaml", "-o", to};
     };
-    Measured warm_up, floor, nothing_changed, one_translation, one_source_text, from_nothing;
+    const std::string walk = "for l in " + out + "/*/m.d; do " OSDMENU_TOOL " walk ${l%/m.d} || exit 1; done";
+    Measured warm_up, floor, nothing_changed, one_translation, one_source_text, from_nothing, walked, gallery;
     measure(warm_up, build(out));
     for (int round = 0; round < ROUNDS; round++) {
         fs::remove_all(copy);
@@ -92,15 +93,19 @@ int main()
         measure(floor, {"cp", "-r", out, copy});
         measure(from_nothing, build(fresh));
         measure(nothing_changed, build(out));
+        measure(walked, {"sh", "-c", walk});
+        measure(gallery, {OSDMENU_TOOL, "gallery", out, "-o", work / "gallery.html"});
         change(menu + "/po/de.po", round % 2 ? "Kamera1" : "Kamera", round % 2 ? "Kamera" : "Kamera1");
         measure(one_translation, build(out));
         change(menu + "/menu.yaml", round % 2 ? "Camera1" : "Camera", round % 2 ? "Camera" : "Camera1");
         measure(one_source_text, build(out));
     }
     print("copy of the ten languages", floor, floor);
-    print("from nothing", from_nothing, floor);
-    print("nothing changed", nothing_changed, floor);
-    print("one translation changed", one_translation, floor);
-    print("one source text changed", one_source_text, floor);
+    print("build from nothing", from_nothing, floor);
+    print("build, nothing changed", nothing_changed, floor);
+    print("build, a translation changed", one_translation, floor);
+    print("build, a source text changed", one_source_text, floor);
+    print("walk of each language", walked, floor);
+    print("gallery", gallery, floor);
     fs::remove_all(work);
 }
