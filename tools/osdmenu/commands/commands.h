@@ -16,6 +16,7 @@ void add_check(CLI::App &app, Run &run);
 void add_explain(CLI::App &app, Run &run);
 void add_extract(CLI::App &app, Run &run);
 void add_inspect(CLI::App &app, Run &run);
+void add_play(CLI::App &app, Run &run);
 void add_schema(CLI::App &app, Run &run);
 void add_shot(CLI::App &app, Run &run);
 void add_walk(CLI::App &app, Run &run);

@@ -62,6 +62,13 @@ static std::string set_aside(const std::string &path)
     return aside;
 }
 
+std::optional<Settings> parse_settings(const std::string &content)
+{
+    Json root(cJSON_Parse(content.c_str()));
+    Settings settings;
+    return take_settings(root.get(), settings) ? std::optional(settings) : std::nullopt;
+}
+
 Settings read_settings(const std::string &path, std::string &notice)
 {
     if (!fs::exists(path))
@@ -69,10 +76,8 @@ Settings read_settings(const std::string &path, std::string &notice)
     std::optional<std::string> content = read_file(path);
     if (!content)
         throw Failure(path + ": cannot be read");
-    Json root(cJSON_Parse(content->c_str()));
-    Settings settings;
-    if (take_settings(root.get(), settings))
-        return settings;
+    if (std::optional<Settings> settings = parse_settings(*content))
+        return *settings;
     notice = path + " is damaged; it is now " + set_aside(path) + ", and the menu starts with its defaults";
     return {};
 }

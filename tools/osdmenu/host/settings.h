@@ -2,6 +2,7 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <string>
 
 struct Settings {
@@ -13,6 +14,9 @@ struct Settings {
 
 // Below the user's state directory ($XDG_STATE_HOME, else ~/.local/state): a directory of its own for each menu.
 std::string state_directory_of(const std::string &menu_directory);
+
+// What such a file holds; nothing when it is damaged.
+std::optional<Settings> parse_settings(const std::string &content);
 
 // No file means no settings yet. A damaged one is set aside under another name, which the notice tells.
 Settings read_settings(const std::string &path, std::string &notice);

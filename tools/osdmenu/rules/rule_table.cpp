@@ -85,6 +85,10 @@ static constexpr Rule rules[] = {
     {"same-as-source", Severity::warning, false, false, "a translation repeats the source text without saying why",
      "It may be meant or forgotten, and only the translator knows.",
      "Translate it, or write the line '# same as the source' above the entry."},
+    {"script", Severity::error, true, false, "a line of a script is no statement",
+     "osdmenu play looks at the whole script before it runs, also at the names of items, bubbles and languages, so that "
+     "a slip near the end doesn't cost a run.",
+     "The finding says what was expected; osdmenu play --help lists the statements."},
     {"single-child", Severity::error, false, false, "a page has one row, and OK won't enter it",
      "OK enters pages of two rows or more, and a page opens on its second row. With one row OK only tells the camera.",
      "Begin the page with a title, or let its row take the parent's place."},
