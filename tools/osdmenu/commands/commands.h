@@ -15,6 +15,7 @@ void add_build(CLI::App &app, Run &run);
 void add_check(CLI::App &app, Run &run);
 void add_explain(CLI::App &app, Run &run);
 void add_extract(CLI::App &app, Run &run);
+void add_gallery(CLI::App &app, Run &run);
 void add_inspect(CLI::App &app, Run &run);
 void add_play(CLI::App &app, Run &run);
 void add_schema(CLI::App &app, Run &run);

@@ -60,11 +60,11 @@ std::string png_of(const Image &image)
     return png;
 }
 
-Image read_png(const std::string &path)
+Image image_of_png(const std::string &png, const std::string &path)
 {
     png_image head{};
     head.version = PNG_IMAGE_VERSION;
-    if (!png_image_begin_read_from_file(&head, path.c_str()))
+    if (!png_image_begin_read_from_memory(&head, png.data(), png.size()))
         throw Failure(path + ": " + head.message);
     if (head.width > MAX_PICTURE_SIDE || head.height > MAX_PICTURE_SIDE) {
         png_image_free(&head);
@@ -76,6 +76,11 @@ Image read_png(const std::string &path)
     if (!png_image_finish_read(&head, nullptr, image.pixels.data(), 0, nullptr))
         throw Failure(path + ": " + head.message);
     return image;
+}
+
+Image read_png(const std::string &path)
+{
+    return image_of_png(read_file(path).value_or(""), path);
 }
 
 void write_png(const std::string &path, const PixelView &view, const std::optional<Colour> &background)

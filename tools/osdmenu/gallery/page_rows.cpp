@@ -1,0 +1,70 @@
+#include "gallery/page_rows.h"
+
+#include "core/item_value.h"
+#include "core/layout.h"
+#include "core/walks.h"
+#include "resources/glyph_banks.h"
+
+// As a draw does it: rows without an answer are left out, hidden ones count as scrolled past, and the first that does
+// not fit is the end.
+std::vector<PageRow> rows_of_page(const std::string &name)
+{
+    std::vector<PageRow> rows;
+    const osdmenu_item *parent = item_byname(name.c_str());
+    const list_head *page = parent ? &parent->child : &orderized_osdmenu.siblings;
+    int y = osdmenu_view_itemarea_y, index = 0;
+    bool is_full = false;
+    for (osdmenu_item *item = first_row(page); item; item = row_below(item, page)) {
+        if (item->item_values.type != VALUE_NONE && !item->action)
+            continue;
+        PageRow row{item, y};
+        is_full = is_full || y + row.height() >= osdmenu_viewarea_height;
+        bool is_above = index++ < osdmenu_viewarea_topitem_number.levels[osdmenu_current_viewlevel];
+        if (is_disabled(item))
+            continue;
+        if (is_full || is_above)
+            row.y = -1;
+        else
+            y += row.height() + osdmenu_view_rowspace * (std::strstr(item->name, "title") ? 2 : 1);
+        rows.push_back(row);
+    }
+    return rows;
+}
+
+static const osdmenu_item_value *choice_at(const osdmenu_item *item, int index)
+{
+    if (!has_choices(&item->item_values))
+        return nullptr;
+    auto *choice = first_choice(&item->item_values);
+    while (choice && index-- > 0)
+        choice = choice_after(choice, &item->item_values);
+    return choice;
+}
+
+int current_value(const osdmenu_item *item)
+{
+    const osdmenu_item_value &value = item->item_values; // a percentage has the fields of a number
+    return value.type == VALUE_NUMBER || value.type == VALUE_PERCENTAGE ? value.u.number.current : value.current;
+}
+
+std::string value_text(const osdmenu_item *item, int value)
+{
+    const osdmenu_item_value *choice = choice_at(item, value);
+    if (choice && choice->u.txt.description)
+        return choice->u.txt.description;
+    if (item->item_values.type != VALUE_NUMBER && item->item_values.type != VALUE_PERCENTAGE)
+        return {};
+    return std::to_string(value) + (item->item_values.type == VALUE_PERCENTAGE ? "%" : "");
+}
+
+int value_width(const osdmenu_item *item, int value)
+{
+    const osdmenu_item_value *choice = choice_at(item, value);
+    if (choice && item->item_values.type == VALUE_TXT)
+        return pixels_of(choice->u.txt.viewbitmap.width);
+    int width = 0;
+    for (char c : value_text(item, value))
+        if (const osdmenu_view_bitmap *glyph = glyph_at(glyph_index(c)))
+            width += pixels_of(glyph->width);
+    return width;
+}
