@@ -13,8 +13,6 @@
 #include "gallery/painting.h"
 #include "gallery/pictures.h"
 #include "host/streams.h"
-#include "menu/configuration.h"
-#include "render/png.h"
 #include "rules/json.h"
 #include "rules/report.h"
 #include "store/output.h"
@@ -54,59 +52,19 @@ static GalleryMenu open_menu(const std::string &given, std::FILE *err)
     return menu;
 }
 
-static void paint(std::vector<GalleryMenu> &menus, const PaintingOptions &options, const ShowProgress &progress)
+static void paint(GalleryMenu &menu, const GalleryMenu *before, const PaintingOptions &options,
+                  const ShowProgress &progress)
 {
     std::vector<Job> jobs;
-    for (const GalleryMenu &menu : menus)
-        for (const std::string &code : menu.directory.languages)
-            jobs.push_back({menu.name + " " + code, [&] { return paint_language(menu.directory, code, options); }});
-    std::vector<Parts> results = run_jobs(jobs, progress);
-    auto next = results.begin();
-    for (GalleryMenu &menu : menus)
-        for (const std::string &code : menu.directory.languages)
-            menu.painted[code] = std::move(*next++);
-}
-
-// The picture of each page by the page's name.
-static std::map<std::string, std::string> page_pictures(const Parts &painted)
-{
-    std::map<std::string, std::string> result;
-    Json root(cJSON_Parse(painted[0].c_str()));
-    const cJSON *page;
-    cJSON_ArrayForEach(page, cJSON_GetObjectItem(root.get(), "pages"))
-    {
-        int picture = cJSON_GetObjectItem(page, "picture")->valueint;
-        result[cJSON_GetObjectItem(page, "name")->valuestring] = painted.at(static_cast<size_t>(picture) * 2 + 2);
+    for (const std::string &code : menu.directory.languages) {
+        PaintingOptions own = options;
+        if (before && before->painted.contains(code))
+            own.before = &before->painted.at(code);
+        jobs.push_back({menu.name + " " + code, [&, own] { return paint_language(menu.directory, code, own); }});
     }
-    return result;
-}
-
-// Pairs of a page and its marked picture, for those that changed.
-static Parts marked_pages(const Parts &before, const Parts &now)
-{
-    Parts parts{""};
-    auto earlier = page_pictures(before);
-    for (const auto &[page, png] : page_pictures(now))
-        if (auto found = earlier.find(page); found != earlier.end() && found->second != png)
-            parts.insert(parts.end(), {page, png_of(marked(image_of_png(found->second), image_of_png(png)))});
-    return parts;
-}
-
-// By language and page, as JSON.
-static std::string marked_json(const GalleryMenu &before, const GalleryMenu &now, Pictures &pictures,
-                               const ShowProgress &progress)
-{
-    std::vector<Job> jobs;
-    for (const auto &[code, painted] : now.painted)
-        if (auto earlier = before.painted.find(code); earlier != before.painted.end())
-            jobs.push_back({code, [&, earlier] { return marked_pages(earlier->second, now.painted.at(code)); }});
     std::vector<Parts> results = run_jobs(jobs, progress);
-    std::vector<std::string> marks;
     for (size_t i = 0; i < jobs.size(); i++)
-        for (size_t k = 1; k + 1 < results[i].size(); k += 2)
-            marks.push_back(json_array({json_quoted(jobs[i].name), json_quoted(results[i][k]),
-                                        std::to_string(pictures.add(results[i][k + 1]))}));
-    return json_array(marks);
+        menu.painted[menu.directory.languages[i]] = std::move(results[i]);
 }
 
 static std::string menu_json(const GalleryMenu &menu, Pictures &pictures)
@@ -159,39 +117,41 @@ static std::string page_with(const std::string &data)
 static void write_strings(const std::string &directory, const GalleryMenu &menu)
 {
     for (const auto &[code, painted] : menu.painted) {
-        fs::path place = fs::path(directory) / safe_file_name(code);
-        fs::create_directories(place);
+        fs::create_directories(fs::path(directory) / code);
         for (size_t i = 1; i + 1 < painted.size(); i += 2)
             if (!painted[i].empty())
-                replace_file(place / (painted[i] + ".png"), painted[i + 1]);
+                replace_file(fs::path(directory) / code / painted[i], painted[i + 1]);
     }
 }
 
-// All is painted before anything is written.
+// All is painted before anything is written. An earlier edition comes first, so that changes can be marked.
 static int run_gallery(const GalleryOptions &options)
 {
     Streams streams;
     std::vector<GalleryMenu> menus;
     for (const std::string &directory : options.directories)
         menus.push_back(open_menu(directory, streams.err));
-    if (!options.against.empty())
-        menus.push_back(open_menu(options.against, streams.err));
+    std::optional<GalleryMenu> before;
     ShowProgress progress = progress_on(streams.err);
-    paint(menus, {options.help_line, !options.strings.empty()}, progress);
+    if (!options.against.empty())
+        paint(before.emplace(open_menu(options.against, streams.err)), nullptr, {options.help_line}, progress);
     Pictures pictures;
-    std::string marks = options.against.empty() ? "null" : marked_json(menus[1], menus[0], pictures, progress);
     std::vector<std::string> texts;
-    for (const GalleryMenu &menu : menus)
+    for (GalleryMenu &menu : menus) {
+        paint(menu, before ? &*before : nullptr, {options.help_line, !options.strings.empty()}, progress);
         texts.push_back(menu_json(menu, pictures));
-    std::string page =
-        page_with(json_object({{"menus", json_array(texts)}, {"marks", marks}, {"pictures", pictures_json(pictures)}}));
+    }
+    std::string earlier = before ? menu_json(*before, pictures) : "null";
+    std::string page = page_with(
+        json_object({{"menus", json_array(texts)}, {"before", earlier}, {"pictures", pictures_json(pictures)}}));
     fs::path output = options.output;
     if (fs::is_directory(output))
         output /= "index.html";
     replace_file(output, page);
     if (!options.strings.empty())
         write_strings(options.strings, menus[0]);
-    std::fprintf(streams.out, "%s: %zu pictures, %zu bytes\n", output.c_str(), pictures.png_files.size(), page.size());
+    std::fprintf(streams.out, "%s: %zu pictures, %zu bytes\n", printable(output).c_str(), pictures.png_files.size(),
+                 page.size());
     return STATUS_CLEAN;
 }
 

@@ -19,12 +19,13 @@ const row_of = ([name, text, value, y, height, free, freeValue, digest]) =>
 
 // Pictures of a language count in a list of its own, since it was painted alone.
 function read_language({code, painted, pictures}) {
-  const pages = painted.pages.map((page) => ({...page, picture: pictures[page.picture], rows: page.rows.map(row_of)}));
+  const pages = painted.pages.map((page) =>
+    ({...page, picture: pictures[page.picture], marked: pictures[page.marked], rows: page.rows.map(row_of)}));
   return {...painted, code, pictures, pages, values: new Map(painted.values), scenes: painted.scenes.map((s) => new Map(s))};
 }
-const menus = data.menus.map((menu) => ({...menu, languages: menu.languages.map(read_language)}));
-const before = data.marks ? menus.pop() : null;
-const marks = new Map((data.marks || []).map(([code, page, picture]) => [code + ' ' + page, picture]));
+const read_menu = (menu) => ({...menu, languages: menu.languages.map(read_language)});
+const menus = data.menus.map(read_menu);
+const before = data.before && read_menu(data.before);
 
 const source_of = (picture) => 'data:image/png;base64,' + data.pictures[picture];
 
@@ -157,7 +158,7 @@ function card(version) {
     make('div', {className: 'scroll'}, pair));
   if (status === 'changed') {
     const was = picture(old.picture, 'old', 'Before: ' + painted_rows(old).map(row_text).join(', '));
-    pair.append(was, picture(marks.get(language.code + ' ' + page.name), 'marked', 'Changed pixels'));
+    pair.append(was, picture(page.marked, 'marked', 'Changed pixels'));
     figure.append(...compare_controls(pair, was), notes(row_changes(old, page).map((text) => ['', '', text])));
   }
   const findings = findings_of(version.menu, version);

@@ -3,6 +3,7 @@
 #include "core/item_value.h"
 #include "core/layout.h"
 #include "core/walks.h"
+#include "host/host.h"
 #include "resources/glyph_banks.h"
 
 // As a draw does it: rows without an answer are left out, hidden ones count as scrolled past, and the first that does
@@ -31,7 +32,7 @@ std::vector<PageRow> rows_of_page(const std::string &name)
     return rows;
 }
 
-static const osdmenu_item_value *choice_at(const osdmenu_item *item, int index)
+const osdmenu_item_value *choice_at(const osdmenu_item *item, int index)
 {
     if (!has_choices(&item->item_values))
         return nullptr;
@@ -39,6 +40,12 @@ static const osdmenu_item_value *choice_at(const osdmenu_item *item, int index)
     while (choice && index-- > 0)
         choice = choice_after(choice, &item->item_values);
     return choice;
+}
+
+void show_value(const std::string &item, int value)
+{
+    host.settings.values[item] = value;
+    repaint();
 }
 
 int current_value(const osdmenu_item *item)

@@ -3,14 +3,14 @@
 #include <algorithm>
 #include <set>
 
-#include <glib.h>
-
 #include "common/text.h"
 #include "core/layout.h"
 #include "core/walks.h"
 #include "gallery/page_rows.h"
 #include "gallery/pictures.h"
+#include "gallery/string_pictures.h"
 #include "host/host.h"
+#include "menu/configuration.h"
 #include "osd_menu_post.h"
 #include "render/png.h"
 #include "rules/json.h"
@@ -24,10 +24,10 @@ using Texts = std::vector<std::string>; // most of them JSON
 
 struct Painter {
     Walk walk;
-    bool wants_strings;
-    std::map<std::string, std::vector<WalkedValue>> values = {};     // by item
-    std::map<std::pair<std::string, int>, std::string> strings = {}; // PNG files by name and choice; -1 is the text
-    std::set<std::string> names = {};                                // of pages
+    std::map<std::string, std::string> before;                   // pictures of an earlier edition by page
+    StringPictures *strings;                                     // null where none are wanted
+    std::map<std::string, std::vector<WalkedValue>> values = {}; // by item
+    std::set<std::string> names = {};                            // of pages
     Texts pages = {}, scenes = {}, unreached = {};
     Texts states = Texts(walk.states.size(), "[0,-1,[0,0,0,0,0,0],[],0]"); // by their place in the walk
     Pictures pictures = {};
@@ -35,20 +35,6 @@ struct Painter {
 };
 
 } // namespace
-
-static std::string numbers(const std::vector<long> &values)
-{
-    Texts texts;
-    for (long value : values)
-        texts.push_back(std::to_string(value));
-    return std::string("[").append(joined(texts, ",")).append("]");
-}
-
-static void show_value(const std::string &item, int value)
-{
-    host.settings.values[item] = value;
-    repaint();
-}
 
 // The view buffer itself goes on changing.
 static PixelView copied_view(std::string &pixels)
@@ -64,7 +50,7 @@ static std::string patches(Painter &painter, const PixelView &before)
     Texts result;
     for (const Area &area : differences(before, painted_view())) {
         size_t picture = painter.pictures.add(png_of(image_of(part_of(painted_view(), area))));
-        result.push_back(numbers({area.x, area.y, static_cast<long>(picture)}));
+        result.push_back(json_array({std::to_string(area.x), std::to_string(area.y), std::to_string(picture)}));
     }
     return json_array(result);
 }
@@ -85,53 +71,6 @@ static std::string value_patches(Painter &painter, const osdmenu_item *item)
     return json_array(result);
 }
 
-static std::string with_frame(const PageRow &row)
-{
-    static constexpr int DISTANCE = 8;
-    Image image = image_of(painted_view());
-    lay_over(image, host.menu.manifest.background);
-    int x = osdmenu_view_itemarea_x - DISTANCE;
-    outline(image, {x, row.y - DISTANCE, image.width - x - DISTANCE, row.height() + 2 * DISTANCE});
-    return png_of(image);
-}
-
-static void add_strings(Painter &painter, const PageRow &row)
-{
-    const osdmenu_item_value &value = row.item->item_values;
-    if (auto [text, is_new] = painter.strings.try_emplace({row.item->name, -1}); is_new)
-        text->second = with_frame(row);
-    int own = current_value(row.item), index = 0;
-    auto *choice = value.type == VALUE_TXT ? first_choice(&value) : nullptr;
-    for (; choice; choice = choice_after(choice, &value), index++)
-        if (auto [text, is_new] = painter.strings.try_emplace({row.item->name, index}); is_new) {
-            show_value(row.item->name, index);
-            text->second = with_frame(row);
-        }
-    if (index > 0)
-        show_value(row.item->name, own);
-}
-
-// Messages, help lines and hidden rows stand on no page: they are shown alone.
-static void add_other_strings(Painter &painter, const MenuDirectory &menu, const Resources &resources)
-{
-    auto add = [&](const std::string &name, int choice, const ReadPicture &read) {
-        int width = static_cast<int>(read.size.width / 2), height = static_cast<int>(read.size.height);
-        if (width == 0 || height == 0 || painter.strings.contains({name, choice}))
-            return;
-        Image image = image_of({read.pixels.data(), width, height, width, menu.manifest.display.pixel_format});
-        lay_over(image, menu.manifest.background);
-        painter.strings[{name, choice}] = png_of(image);
-    };
-    for (const ReadItem &item : resources.items) {
-        add(item.name, -1, item.picture);
-        for (size_t i = 0; i < item.choices.size() && !menu.manifest.free_texts.contains(item.name); i++)
-            add(item.name, static_cast<int>(i), item.choices[i].picture);
-    }
-    for (const auto *lines : {&resources.help_lines, &resources.bubbles})
-        for (const ReadLine &line : *lines)
-            add(line.name, -1, line.picture);
-}
-
 // What depends on where a page is scrolled to and which rows are shown: the pictures of values.
 static std::string scene_json(Painter &painter, const std::vector<PageRow> &rows)
 {
@@ -139,24 +78,20 @@ static std::string scene_json(Painter &painter, const std::vector<PageRow> &rows
     for (const PageRow &row : rows) {
         if (row.y >= 0 && painter.values.contains(row.item->name))
             result.push_back(json_array({json_quoted(row.item->name), value_patches(painter, row.item)}));
-        if (row.y >= 0 && painter.wants_strings)
-            add_strings(painter, row);
+        if (row.y >= 0 && painter.strings)
+            painter.strings->add_row(row);
     }
     return json_array(result);
 }
 
-// The row's part of the view without the pointer: the same for a row that only moved.
+// Of the row's part of the view without the pointer: the same for a row that only moved.
 static std::string digest_of_row(const PageRow &row)
 {
-    Digest digest;
-    for (int y = row.y; row.y >= 0 && y < row.y + row.height(); y++) {
-        PixelView line = part_of(painted_view(), {osdmenu_view_itemarea_x, y});
-        digest.add({line.first, static_cast<size_t>(osdmenu_viewarea_width - osdmenu_view_itemarea_x) * 2});
-    }
-    return digest.text().substr(0, 16);
+    Area area{osdmenu_view_itemarea_x, row.y, osdmenu_viewarea_width - osdmenu_view_itemarea_x, row.height()};
+    return digest_of({{"row", row.y < 0 ? "" : png_of(image_of(part_of(painted_view(), area)))}}).substr(0, 16);
 }
 
-// Name, text, value, y, height, pixels left of the text and of the widest value, digest.
+// Name, text, value, y, height, pixels left beside the text and beside the widest value, digest.
 static std::string row_json(Painter &painter, const PageRow &row)
 {
     const osdmenu_item *item = row.item;
@@ -172,6 +107,15 @@ static std::string row_json(Painter &painter, const PageRow &row)
                        json_quoted(digest_of_row(row))});
 }
 
+// Null where there is nothing to mark.
+static std::string marked_picture(Painter &painter, const std::string &page, const Image &image)
+{
+    auto before = painter.before.find(page);
+    if (before == painter.before.end())
+        return "null";
+    return std::to_string(painter.pictures.add(png_of(marked(image_of_png(before->second), image))));
+}
+
 static void add_page(Painter &painter, const std::string &name, const Texts &path, const std::string &state)
 {
     Texts rows;
@@ -183,6 +127,7 @@ static void add_page(Painter &painter, const std::string &name, const Texts &pat
     painter.pages.push_back(json_object({{"name", json_quoted(name)},
                                          {"path", json_array(path)},
                                          {"picture", std::to_string(painter.pictures.add(png_of(image)))},
+                                         {"marked", marked_picture(painter, name, image)},
                                          {"state", state},
                                          {"rows", json_array(rows)}}));
 }
@@ -193,13 +138,20 @@ static long index_of(const std::vector<PageRow> &rows, const std::string &item)
     return found == rows.end() ? -1 : found - rows.begin();
 }
 
+static std::string state_json(size_t page, long row, const WalkedState &state, const std::string &changed, size_t scene)
+{
+    Texts next;
+    for (size_t each : state.next)
+        next.push_back(std::to_string(each));
+    return json_array({std::to_string(page), std::to_string(row), json_array(next), changed, std::to_string(scene)});
+}
+
 // The state that comes to a page first gives the picture that the others differ from. False where none comes.
 static bool paint_states(Painter &painter, const std::string &name, const Texts &path)
 {
     std::string pixels; // of that picture
     PixelView base{};
     std::map<std::pair<int, std::vector<bool>>, size_t> scenes; // by first painted row and rows shown
-    long page = static_cast<long>(painter.pages.size());
     for (size_t i = 0; i < painter.walk.states.size(); i++) {
         const WalkedState &state = painter.walk.states[i];
         if (state.page != name)
@@ -216,8 +168,7 @@ static bool paint_states(Painter &painter, const std::string &name, const Texts 
         if (is_new)
             painter.scenes.push_back(scene_json(painter, rows));
         painter.states[i] =
-            json_array({std::to_string(page), std::to_string(index_of(rows, state.item)),
-                        numbers({state.next.begin(), state.next.end()}), changed, std::to_string(scene->second)});
+            state_json(painter.pages.size() - 1, index_of(rows, state.item), state, changed, scene->second);
     }
     return !pixels.empty();
 }
@@ -229,8 +180,7 @@ static void paint_hidden(Painter &painter, const std::string &name, const Texts 
     osdmenu_enableitem_byname(name.c_str());
     bool is_open = open_item(name);
     repaint();
-    std::vector<PageRow> rows = rows_of_page(name);
-    if (is_open && osdmenu_current_menuitem && index_of(rows, osdmenu_current_menuitem->name) >= 0)
+    if (is_open && osdmenu_current_menuitem && index_of(rows_of_page(name), osdmenu_current_menuitem->name) >= 0)
         add_page(painter, name, path, "null");
     else
         painter.unreached.push_back(json_array(path));
@@ -238,16 +188,15 @@ static void paint_hidden(Painter &painter, const std::string &name, const Texts 
 }
 
 // In the menu's order, whatever order the walk came to them in.
-static void paint_pages(Painter &painter, const list_head *page, const std::string &name, Texts &path)
+static void paint_pages(Painter &painter, const list_head *page, const std::string &name, Texts path = {})
 {
     if (painter.names.insert(name).second && !paint_states(painter, name, path))
         paint_hidden(painter, name, path);
+    path.emplace_back();
     for (osdmenu_item *item = first_row(page); item; item = row_below(item, page)) {
-        if (!first_row(&item->child))
-            continue;
-        path.push_back(json_quoted(item->view.description));
-        paint_pages(painter, &item->child, item->name, path);
-        path.pop_back();
+        path.back() = json_quoted(item->view.description);
+        if (first_row(&item->child))
+            paint_pages(painter, &item->child, item->name, path);
     }
 }
 
@@ -256,49 +205,40 @@ static std::string values_json(const Painter &painter)
     Texts result;
     for (const auto &[name, values] : painter.values) {
         Texts entries;
-        for (const WalkedValue &value : values)
-            entries.push_back(
-                json_array({std::to_string(value.value), std::to_string(value.left), std::to_string(value.right),
-                            json_quoted(value_text(item_byname(name.c_str()), value.value))}));
+        for (const auto &[value, presses, left, right] : values)
+            entries.push_back(json_array({std::to_string(value), std::to_string(left), std::to_string(right),
+                                          json_quoted(value_text(item_byname(name.c_str()), value))}));
         result.push_back(json_array({json_quoted(name), json_array(entries)}));
     }
     return json_array(result);
 }
 
-std::string safe_file_name(const std::string &name)
+// By the page's name, of a language that was painted.
+static std::map<std::string, std::string> page_pictures(const Parts &painted)
 {
-    std::string safe = name.substr(0, 100);
-    for (char &c : safe)
-        c = g_ascii_isalnum(c) || c == '-' ? c : '_';
-    return safe.empty() ? "_" : safe;
-}
-
-// No safe name has a dot or a tilde, so that none meets another's suffix.
-static std::map<std::string, std::string> string_files(const Painter &painter)
-{
-    std::map<std::string, std::string> files;
-    for (const auto &[key, png] : painter.strings) {
-        std::string name = safe_file_name(key.first) + (key.second < 0 ? "" : "." + std::to_string(key.second));
-        std::string free = name;
-        for (int number = 2; files.contains(free); number++)
-            free = name + "~" + std::to_string(number);
-        files[free] = png;
+    std::map<std::string, std::string> result;
+    Json root(cJSON_Parse(painted[0].c_str()));
+    const cJSON *page;
+    cJSON_ArrayForEach(page, cJSON_GetObjectItem(root.get(), "pages"))
+    {
+        int picture = cJSON_GetObjectItem(page, "picture")->valueint;
+        result[cJSON_GetObjectItem(page, "name")->valuestring] = painted.at(static_cast<size_t>(picture) * 2 + 2);
     }
-    return files;
+    return result;
 }
 
 Parts paint_language(const MenuDirectory &menu, const std::string &language, const PaintingOptions &options)
 {
     start_host(menu, language);
     osdmenu_meeting_camera_helpline_enable(options.help_line);
-    Painter painter{walk_menu(), options.strings};
+    StringPictures strings;
+    Painter painter{walk_menu(), {}, options.strings ? &strings : nullptr};
+    if (options.before)
+        painter.before = page_pictures(*options.before);
     for (const WalkedState &state : painter.walk.states)
         if (!state.values.empty())
             painter.values.try_emplace(state.item, state.values);
-    Texts path;
-    paint_pages(painter, &orderized_osdmenu.siblings, "", path);
-    if (options.strings)
-        add_other_strings(painter, menu, sound_resources(menu.directory_of(language)));
+    paint_pages(painter, &orderized_osdmenu.siblings, "");
     Parts parts{json_object({{"transparent", painter.is_transparent ? "true" : "false"},
                              {"whole", painter.walk.is_whole ? "true" : "false"},
                              {"pages", json_array(painter.pages)},
@@ -308,7 +248,7 @@ Parts paint_language(const MenuDirectory &menu, const std::string &language, con
                              {"values", values_json(painter)}})};
     for (const std::string &png : painter.pictures.png_files)
         parts.insert(parts.end(), {"", png});
-    for (const auto &[name, png] : string_files(painter))
-        parts.insert(parts.end(), {name, png});
+    if (options.strings)
+        strings.add_to(parts);
     return parts;
 }

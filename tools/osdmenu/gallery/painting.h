@@ -8,11 +8,9 @@
 struct PaintingOptions {
     bool help_line = false;
     bool strings = false;
+    const Parts *before = nullptr; // the language as it was painted of an earlier edition
 };
 
-// Gives a JSON object, the pictures that it counts from 0, without names, and those of the strings, with names of
-// files. A process can do this once.
+// Gives a JSON object, then the pictures that it counts from 0, without names, and those of the strings, each by the
+// name of its file. A process can do this once.
 Parts paint_language(const MenuDirectory &menu, const std::string &language, const PaintingOptions &options);
-
-// A name that is one plain part of a path, whatever it held.
-std::string safe_file_name(const std::string &name);
