@@ -69,7 +69,7 @@ function version_of(menu, language, name) {
 
 // Pages in the menu's order, each with its versions.
 function pages_of(menu) {
-  const gone = before ? before.languages.filter((each) => !coded(menu, each.code)).map((each) => ({...each, pages: []})) : [];
+  const gone = before ? before.languages.filter((each) => !coded(menu, each.code)).map((each) => ({...each, pages: [], states: []})) : [];
   const languages = menu.languages.concat(gone);
   const has = (language, name) => named(language.pages, name) || named((coded(before, language.code) || {}).pages, name);
   const all = languages.concat(before ? before.languages : []).flatMap((language) => language.pages.map((page) => page.name));
@@ -323,7 +323,7 @@ async function draw() {
     screen_context.clearRect(x, y, image.naturalWidth, image.naturalHeight);
     screen_context.drawImage(image, x, y);
   });
-  canvas.dataset.drawn = find('said').textContent;
+  canvas.dataset.drawn = turn;
 }
 
 function say() {
@@ -385,13 +385,12 @@ function play(at) {
   show_place();
 }
 
+// At a row that can be chosen, or else where the page opens. A page that is gone has no states.
 function play_from({menu, language, page}, name) {
-  const states = [...language.states.keys()];
-  const state = states.find((number) => {
-    const there = played_state(language, number);
-    return there.page.name === page.name && there.row && there.row.name === name;
-  });
-  if (page.state !== null) play({menu: menus.indexOf(menu), code: language.code, state: state || page.state, values: new Map()});
+  const states = [...language.states.keys()].filter((state) => played_state(language, state).page.name === page.name);
+  const at_row = states.find((state) => (played_state(language, state).row || {}).name === name);
+  const state = at_row === undefined ? states[0] : at_row;
+  if (state !== undefined) play({menu: menus.indexOf(menu), code: language.code, state, values: new Map()});
 }
 
 function start_player() {

@@ -107,11 +107,11 @@ static std::string row_json(Painter &painter, const PageRow &row)
                        json_quoted(digest_of_row(row))});
 }
 
-// Null where there is nothing to mark.
-static std::string marked_picture(Painter &painter, const std::string &page, const Image &image)
+// Null where nothing changed.
+static std::string marked_picture(Painter &painter, const std::string &page, const Image &image, const std::string &png)
 {
     auto before = painter.before.find(page);
-    if (before == painter.before.end())
+    if (before == painter.before.end() || before->second == png)
         return "null";
     return std::to_string(painter.pictures.add(png_of(marked(image_of_png(before->second), image))));
 }
@@ -124,10 +124,11 @@ static void add_page(Painter &painter, const std::string &name, const Texts &pat
     Image image = image_of(painted_view());
     for (const Colour &pixel : image.pixels)
         painter.is_transparent |= pixel.alpha != 255;
+    std::string png = png_of(image);
     painter.pages.push_back(json_object({{"name", json_quoted(name)},
                                          {"path", json_array(path)},
-                                         {"picture", std::to_string(painter.pictures.add(png_of(image)))},
-                                         {"marked", marked_picture(painter, name, image)},
+                                         {"picture", std::to_string(painter.pictures.add(png))},
+                                         {"marked", marked_picture(painter, name, image, png)},
                                          {"state", state},
                                          {"rows", json_array(rows)}}));
 }
