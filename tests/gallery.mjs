@@ -1,5 +1,5 @@
 // What a reviewer does with a gallery, in a browser without a server or a network.
-// usage: node gallery.mjs TOOL DIRECTORY, where plain.html, against.html, now/ and en.json are.
+// usage: node gallery.mjs TOOL DIRECTORY, where plain.html, against.html and now/ are.
 import assert from 'node:assert/strict';
 import {execFileSync} from 'node:child_process';
 import {readFileSync} from 'node:fs';
@@ -36,15 +36,14 @@ async function shows_pages_with_their_texts(page) {
   const image = figure_of(page, 'exposure', 'en').locator('img.now');
   await image.scrollIntoViewIfNeeded();
   await page.waitForFunction((one) => one.complete && one.naturalWidth === 1760, await image.elementHandle());
-  const far = page.locator('figure:visible img.now').last();
-  assert.equal(await far.getAttribute('src'), null);
+  assert.equal(await page.locator('img.now').last().getAttribute('src'), null);
 }
 
 async function search_narrows_and_marks_rows(page) {
   await page.fill('[name=q]', 'gegenlicht');
   assert.equal(await figures(page).count(), 1);
   assert.equal(await page.locator('.rows .hit').count(), 1);
-  await page.fill('[name=q]', 'MJPEG');
+  await page.fill('[name=q]', 'MJPEG'); // not the choice on show
   assert.equal(await figures(page).count(), 2);
   await page.fill('[name=q]', 'no such text');
   assert.equal(await page.textContent('#count'), '0 pages, 0 pictures');
@@ -53,35 +52,26 @@ async function search_narrows_and_marks_rows(page) {
 
 // 80 and 880 are where texts and values start on a view of 1760 pixels.
 async function rows_tell_their_room(page) {
-  const find_item = (items, name) => {
-    for (const item of items) {
-      const found = item.name === name ? item : find_item(item.items, name);
-      if (found) return found;
-    }
-    return null;
-  };
-  const {items} = JSON.parse(readFileSync(place + '/en.json', 'utf8')).languages[0];
-  const mode = find_item(items, 'exposure_mode');
+  const all = (items) => items.flatMap((item) => [item, ...all(item.items)]);
+  const told = JSON.parse(execFileSync(tool, ['inspect', place + '/now/en', '--json'], {maxBuffer: 1e8}));
+  const mode = all(told.languages[0].items).find((item) => item.name === 'exposure_mode');
   const widest = Math.max(...mode.choices.map((choice) => choice.width));
   const rows = figure_of(page, 'exposure', 'en').locator('.rows button');
   await rows.first().focus();
   await page.keyboard.press('ArrowDown');
-  assert.equal(await rows.nth(1).evaluate((row) => row === document.activeElement && row.tabIndex === 0), true);
+  assert.equal(await rows.nth(1).evaluate((row) => row === document.activeElement), true);
   assert.equal(await rows.nth(1).locator('span').isVisible(), true);
   assert.equal(await rows.nth(2).locator('span').isVisible(), false);
   assert.equal(await rows.nth(1).innerText(), `exposure_mode “Mode: Automatic”: ${800 - mode.width} px free, ` +
     `${880 - widest} px beside its value`);
-  await rows.nth(2).hover();
-  assert.match(await rows.nth(2).innerText(), /^exposure_compensation/);
 }
 
 async function the_tightest_comes_first(page) {
   await page.selectOption('[name=sort]', 'tight');
   const numbers = await page.locator('section section:visible').evaluateAll((sections) => sections.map((section) =>
     Math.min(...[...section.querySelectorAll('.tight')].map((told) => parseInt(told.textContent.slice(9), 10)))));
-  assert.equal(numbers.length, 15);
+  assert.ok(numbers.length === 15 && numbers[0] < numbers[14]);
   assert.deepEqual(numbers, [...numbers].sort((a, b) => a - b));
-  assert.notEqual(numbers[0], numbers[14]);
   await page.selectOption('[name=sort]', '');
 }
 
@@ -104,20 +94,15 @@ async function the_address_holds_what_is_shown(page) {
 // The canvas against the picture that the tool makes of the same keys.
 async function assert_screen_is_shot(page, language, keys) {
   execFileSync(tool, ['shot', `${place}/now/${language}`, '-o', `${place}/shot.png`, '--keys', keys]);
-  const shot = 'data:image/png;base64,' + readFileSync(place + '/shot.png').toString('base64');
   await page.waitForFunction(() => Number(screen_context.canvas.dataset.drawn) === drawing);
-  const differing = await page.evaluate(async (source) => {
-    const image = new Image();
-    image.src = source;
-    await image.decode();
-    const other = Object.assign(document.createElement('canvas'), {width: image.width, height: image.height});
-    const context = other.getContext('2d', {willReadFrequently: true});
+  const is_same = await page.evaluate(async (png) => {
+    const image = await createImageBitmap(await (await fetch('data:image/png;base64,' + png)).blob());
+    const context = new OffscreenCanvas(image.width, image.height).getContext('2d');
     context.drawImage(image, 0, 0);
-    const a = context.getImageData(0, 0, image.width, image.height).data;
-    const b = screen_context.getImageData(0, 0, image.width, image.height).data;
-    return screen_context.canvas.width === image.width ? a.reduce((sum, byte, at) => sum + (byte !== b[at]), 0) : -1;
-  }, shot);
-  assert.equal(differing, 0, `${language}: ${keys}`);
+    const [a, b] = [context, screen_context].map((each) => each.getImageData(0, 0, image.width, image.height).data);
+    return screen_context.canvas.width === image.width && a.every((byte, at) => byte === b[at]);
+  }, readFileSync(place + '/shot.png').toString('base64'));
+  assert.ok(is_same, `${language}: ${keys}`);
 }
 
 const names = {up: 'ArrowUp', down: 'ArrowDown', left: 'ArrowLeft', right: 'ArrowRight', ok: 'Enter', back: 'Backspace'};
@@ -185,22 +170,22 @@ async function changes_are_counted_named_and_shown(page) {
 
 async function a_phone_shows_all_of_it(page) {
   await page.click('.play');
-  const fits = () => page.evaluate(() => document.documentElement.scrollWidth <= innerWidth);
-  assert.equal(await fits(), true);
+  assert.ok(await page.evaluate(() => document.documentElement.scrollWidth <= innerWidth));
   for (const name of ['Up', 'Down', 'Left', 'Right', 'OK', 'Back'])
     assert.equal(await page.getByRole('button', {name, exact: true}).isVisible(), true);
 }
 
-const browser = await chromium.launch({executablePath: '/usr/bin/chromium', args: ['--no-sandbox', '--disable-gpu',
-  '--disable-quic', '--no-first-run', '--disable-background-networking', '--disable-component-update', '--disable-sync']});
+const browser = await chromium.launch({executablePath: '/usr/bin/chromium', args: ['no-sandbox', 'disable-gpu', 'disable-quic',
+  'no-first-run', 'disable-background-networking', 'disable-component-update', 'disable-sync'].map((name) => '--' + name)});
 try {
   const page = await open(browser, 'plain.html');
-  for (const look of [shows_pages_with_their_texts, search_narrows_and_marks_rows, rows_tell_their_room,
-    the_tightest_comes_first, the_address_holds_what_is_shown, the_menu_plays_as_the_library_paints,
-    the_row_language_changes_the_language]) {
-    await look(page);
-    console.log(look.name);
-  }
+  await shows_pages_with_their_texts(page);
+  await search_narrows_and_marks_rows(page);
+  await rows_tell_their_room(page);
+  await the_tightest_comes_first(page);
+  await the_address_holds_what_is_shown(page);
+  await the_menu_plays_as_the_library_paints(page);
+  await the_row_language_changes_the_language(page);
   await changes_are_counted_named_and_shown(await open(browser, 'against.html'));
   await a_phone_shows_all_of_it(await open(browser, 'plain.html', {width: 390, height: 844}));
   assert.deepEqual(faults, []);

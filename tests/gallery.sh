@@ -2,9 +2,7 @@
 # Looks at galleries in a browser: two editions of the sample menu in two languages.
 # usage: gallery.sh TOOL DIRECTORY_OF_THE_MENU DIRECTORY_FOR_THE_DRIVER_OF_THE_BROWSER
 set -eu
-tool=$1
-menu=$2
-driver=$3
+tool=$1 menu=$2 driver=$3
 [ -d "$driver/node_modules/playwright-core" ] ||
     npm install --no-save --no-audit --no-fund --loglevel=error --prefix "$driver" playwright-core
 place=$(mktemp -d)
@@ -12,20 +10,19 @@ trap 'rm -rf "$place"' EXIT
 
 # edition NAME SED_COMMAND... makes NAME/ from the sample menu in English and German.
 edition() {
-    name=$1
+    source=$place/$1-source made=$place/$1
     shift
-    cp -r "$menu" "$place/$name-source"
-    sed '/^  - fr$/,/^  - ar$/d' "$menu/menu.yaml" | sed "$@" >"$place/$name-source/menu.yaml"
+    cp -r "$menu" "$source"
+    sed -i -e '/^  - fr$/,/^  - ar$/d' "$@" "$source/menu.yaml"
     # It names pages that one edition or the other does not have.
-    sed -i 's/"white_balance": 9, "image": 9, //' "$place/$name-source/osd_menu.json"
-    "$tool" build "$place/$name-source/menu.yaml" -o "$place/$name" >/dev/null
+    sed -i 's/"white_balance": 9, "image": 9, //' "$source/osd_menu.json"
+    "$tool" build "$source/menu.yaml" -o "$made" >/dev/null
 }
 edition now -e '/- name: white_balance$/,/name: hue/d'
 edition before -e '/- name: image$/,/name: image_style/d' -e '/name: exposure_compensation/d' \
     -e 's/text: Backlight/text: Back light/'
 "$tool" gallery "$place/now" -o "$place/plain.html" >/dev/null
 "$tool" gallery "$place/now" --against "$place/before" -o "$place/against.html" >/dev/null
-"$tool" inspect "$place/now/en" --json >"$place/en.json"
 # The driver is found from where the script lies.
 cp "$(dirname "$0")/gallery.mjs" "$driver/gallery.mjs"
 node "$driver/gallery.mjs" "$tool" "$place"
