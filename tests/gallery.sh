@@ -23,6 +23,5 @@ edition before -e '/- name: image$/,/name: image_style/d' -e '/name: exposure_co
     -e 's/text: Backlight/text: Back light/'
 "$tool" gallery "$place/now" -o "$place/plain.html" >/dev/null
 "$tool" gallery "$place/now" --against "$place/before" -o "$place/against.html" >/dev/null
-# The driver is found from where the script lies.
-cp "$(dirname "$0")/gallery.mjs" "$driver/gallery.mjs"
+cp "$(dirname "$0")/gallery.mjs" "$driver" # a script finds its modules from where it lies
 node "$driver/gallery.mjs" "$tool" "$place"
