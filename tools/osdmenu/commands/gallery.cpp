@@ -9,7 +9,6 @@
 #include "commands/commands.h"
 #include "commands/progress.h"
 #include "common/text.h"
-#include "gallery/page.h"
 #include "gallery/painting.h"
 #include "gallery/pictures.h"
 #include "host/streams.h"
@@ -18,6 +17,8 @@
 #include "store/output.h"
 
 namespace fs = std::filesystem;
+
+extern const std::string page_html, page_css, page_js; // gallery/page.*
 
 namespace
 {

@@ -3,12 +3,13 @@
 #include <algorithm>
 #include <set>
 
+#include <glib.h>
+
 #include "common/text.h"
 #include "core/layout.h"
 #include "core/walks.h"
 #include "gallery/page_rows.h"
 #include "gallery/pictures.h"
-#include "gallery/string_pictures.h"
 #include "host/host.h"
 #include "menu/configuration.h"
 #include "osd_menu_post.h"
@@ -24,15 +25,18 @@ using Texts = std::vector<std::string>; // most of them JSON
 
 struct Painter {
     Walk walk;
-    std::map<std::string, std::string> before;                   // pictures of an earlier edition by page
-    StringPictures *strings;                                     // null where none are wanted
-    std::map<std::string, std::vector<WalkedValue>> values = {}; // by item
-    std::set<std::string> names = {};                            // of pages
+    std::map<std::string, std::string> before; // pictures of an earlier edition by page
+    bool wants_strings;
+    std::map<std::string, std::vector<WalkedValue>> values = {};     // by item
+    std::map<std::pair<std::string, int>, std::string> strings = {}; // PNG files by name and choice
+    std::set<std::string> names = {};                                // of pages
     Texts pages = {}, scenes = {}, unreached = {};
     Texts states = Texts(walk.states.size(), "[0,-1,[0,0,0,0,0,0],[],0]"); // by their place in the walk
     Pictures pictures = {};
     bool is_transparent = false;
 };
+
+constexpr int NO_CHOICE = -1; // the text of a row itself
 
 } // namespace
 
@@ -71,6 +75,32 @@ static std::string value_patches(Painter &painter, const osdmenu_item *item)
     return json_array(result);
 }
 
+static std::string png_with_frame(const PageRow &row)
+{
+    static constexpr int DISTANCE = 8; // from the row's picture to the outer edge of the frame
+    Image image = image_of(painted_view());
+    lay_over(image, host.menu.manifest.background);
+    int x = osdmenu_view_itemarea_x - DISTANCE;
+    outline(image, {x, row.y - DISTANCE, image.width - x - DISTANCE, row.height() + 2 * DISTANCE});
+    return png_of(image);
+}
+
+// The row framed on its page, with each of its choices.
+static void add_strings(Painter &painter, const PageRow &row)
+{
+    int own = current_value(row.item);
+    bool has_choices = row.item->item_values.type == VALUE_TXT;
+    for (int i = NO_CHOICE; i == NO_CHOICE || (has_choices && choice_at(row.item, i)); i++) {
+        auto [picture, is_new] = painter.strings.try_emplace({row.item->name, i});
+        if (is_new && i != NO_CHOICE)
+            show_value(row.item->name, i);
+        if (is_new)
+            picture->second = png_with_frame(row);
+    }
+    if (has_choices)
+        show_value(row.item->name, own);
+}
+
 // What depends on where a page is scrolled to and which rows are shown: the pictures of values.
 static std::string scene_json(Painter &painter, const std::vector<PageRow> &rows)
 {
@@ -78,8 +108,8 @@ static std::string scene_json(Painter &painter, const std::vector<PageRow> &rows
     for (const PageRow &row : rows) {
         if (row.y >= 0 && painter.values.contains(row.item->name))
             result.push_back(json_array({json_quoted(row.item->name), value_patches(painter, row.item)}));
-        if (row.y >= 0 && painter.strings)
-            painter.strings->add_row(row);
+        if (row.y >= 0 && painter.wants_strings)
+            add_strings(painter, row);
     }
     return json_array(result);
 }
@@ -214,6 +244,47 @@ static std::string values_json(const Painter &painter)
     return json_array(result);
 }
 
+// Messages, help lines and hidden rows stand on no page.
+static void add_alone(Painter &painter, const std::string &name, int choice, const ReadPicture &read)
+{
+    int width = static_cast<int>(read.size.width / 2), height = static_cast<int>(read.size.height);
+    if (width == 0 || height == 0 || painter.strings.contains({name, choice}))
+        return;
+    Image image = image_of({read.pixels.data(), width, height, width, host.menu.manifest.display.pixel_format});
+    lay_over(image, host.menu.manifest.background);
+    painter.strings[{name, choice}] = png_of(image);
+}
+
+// One plain part of a path, whatever the name held. The suffixes have what no such name has: none meets another.
+static std::string file_name(const std::string &name, int choice, std::set<std::string> &taken)
+{
+    std::string safe = name.substr(0, 100);
+    for (char &c : safe)
+        c = g_ascii_isalnum(c) || c == '-' ? c : '_';
+    if (choice != NO_CHOICE)
+        safe.append(".").append(std::to_string(choice));
+    std::string free = safe;
+    for (int number = 2; !taken.insert(free).second; number++)
+        free = safe + "~" + std::to_string(number);
+    return free + ".png";
+}
+
+static void add_string_files(Painter &painter, Parts &parts)
+{
+    Resources resources = sound_resources(host.menu.directory_of(host.language));
+    for (const ReadItem &item : resources.items) {
+        add_alone(painter, item.name, NO_CHOICE, item.picture);
+        for (size_t i = 0; i < item.choices.size() && !host.menu.manifest.free_texts.contains(item.name); i++)
+            add_alone(painter, item.name, static_cast<int>(i), item.choices[i].picture);
+    }
+    for (const auto *lines : {&resources.help_lines, &resources.bubbles})
+        for (const ReadLine &line : *lines)
+            add_alone(painter, line.name, NO_CHOICE, line.picture);
+    std::set<std::string> taken;
+    for (const auto &[key, png] : painter.strings)
+        parts.insert(parts.end(), {file_name(key.first, key.second, taken), png});
+}
+
 // By the page's name, of a language that was painted.
 static std::map<std::string, std::string> page_pictures(const Parts &painted)
 {
@@ -232,8 +303,7 @@ Parts paint_language(const MenuDirectory &menu, const std::string &language, con
 {
     start_host(menu, language);
     osdmenu_meeting_camera_helpline_enable(options.help_line);
-    StringPictures strings;
-    Painter painter{walk_menu(), {}, options.strings ? &strings : nullptr};
+    Painter painter{walk_menu(), {}, options.strings};
     if (options.before)
         painter.before = page_pictures(*options.before);
     for (const WalkedState &state : painter.walk.states)
@@ -250,6 +320,6 @@ Parts paint_language(const MenuDirectory &menu, const std::string &language, con
     for (const std::string &png : painter.pictures.png_files)
         parts.insert(parts.end(), {"", png});
     if (options.strings)
-        strings.add_to(parts);
+        add_string_files(painter, parts);
     return parts;
 }

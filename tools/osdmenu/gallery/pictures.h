@@ -20,10 +20,7 @@ struct Pictures {
 };
 
 struct Area {
-    int x = 0;
-    int y = 0;
-    int width = 0;
-    int height = 0;
+    int x = 0, y = 0, width = 0, height = 0;
 };
 
 PixelView part_of(const PixelView &view, const Area &area);
