@@ -152,13 +152,14 @@ function card(version) {
   const tight = tightness(page);
   const frame = make('div', {className: 'frame'}, picture(page.picture, 'now', painted_rows(page).map(row_text).join(', ')));
   const pair = make('div', {className: 'pair ' + status}, frame);
-  const figure = make('figure', {className: status, tabIndex: -1, version},
+  const figure = make('figure', {className: status, tabIndex: -1, lang: language.code.replace('_', '-'), version},
     make('figcaption', {}, make('b', {}, language.code), make('span', {className: 'status', hidden: !status}, status),
-      make('span', {className: tight < 0 ? 'tight over' : 'tight'}, `tightest ${tight} px`)),
+      make('span', {className: tight < 0 ? 'tight over' : 'tight'}, tight < Infinity ? `tightest ${tight} px` : '')),
     make('div', {className: 'scroll'}, pair));
   if (status === 'changed') {
     const was = picture(old.picture, 'old', 'Before: ' + painted_rows(old).map(row_text).join(', '));
-    pair.append(was, picture(page.marked, 'marked', 'Changed pixels'));
+    pair.append(was);
+    if (page.marked !== undefined) pair.append(picture(page.marked, 'marked', 'Changed pixels'));
     figure.append(...compare_controls(pair, was), notes(row_changes(old, page).map((text) => ['', '', text])));
   }
   const findings = findings_of(version.menu, version);
@@ -274,7 +275,7 @@ function restore() {
   show();
   const [menu, state, code] = (address.get('play') || '').split(' ');
   const language = coded(menus[menu], code);
-  if (!language || !language.states[state]) return;
+  if (!language || !language.states[Number(state)]) return;
   const values = new Map(address.getAll('set').map((text) => [text.slice(text.indexOf(' ') + 1), parseInt(text, 10)]));
   play({menu: Number(menu), state: Number(state), code, values});
 }
@@ -334,6 +335,7 @@ function say() {
   find('said').textContent = row ? row_text(value ? {...row, value: value[3]} : row) : title_of(page);
   find('player-title').textContent = title_of(page);
   find('player-language').value = place.code;
+  find('said').lang = place.code.replace('_', '-');
 }
 
 function show_place() {
@@ -397,8 +399,8 @@ function start_player() {
   const player = find('player');
   player.onkeydown = (event) => {
     const key = KEY_NAMES[event.key];
-    const is_control = ['BUTTON', 'SELECT'].includes(event.target.tagName);
-    if (key === undefined || (is_control && event.key !== 'Backspace')) return;
+    const {tagName} = event.target;
+    if (key === undefined || tagName === 'SELECT' || (tagName === 'BUTTON' && event.key === 'Enter')) return;
     event.preventDefault();
     press(key);
   };

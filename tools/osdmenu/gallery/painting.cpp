@@ -117,7 +117,8 @@ static std::string scene_json(Painter &painter, const std::vector<PageRow> &rows
 // Of the row's part of the view without the pointer: the same for a row that only moved.
 static std::string digest_of_row(const PageRow &row)
 {
-    Area area{osdmenu_view_itemarea_x, row.y, osdmenu_viewarea_width - osdmenu_view_itemarea_x, row.height()};
+    int x = std::min(osdmenu_view_itemarea_x, osdmenu_viewarea_width - 1); // of a view that shows no texts
+    Area area{x, row.y, osdmenu_viewarea_width - x, row.height()};
     return digest_of({{"row", row.y < 0 ? "" : png_of(image_of(part_of(painted_view(), area)))}}).substr(0, 16);
 }
 

@@ -67,11 +67,11 @@ static Parts finish(const Job &job, const Running &running, std::vector<std::str
     int status = 0;
     while (waitpid(running.process, &status, 0) < 0 && errno == EINTR)
         ;
-    Parts parts = read_parts(running.result);
-    std::fclose(running.result);
     if (WIFSIGNALED(status))
         failures.push_back(job.name + ": the process was ended by signal " + std::to_string(WTERMSIG(status)));
-    else if (WEXITSTATUS(status) != 0)
+    Parts parts = WIFSIGNALED(status) ? Parts() : read_parts(running.result);
+    std::fclose(running.result);
+    if (WIFEXITED(status) && WEXITSTATUS(status) != 0)
         failures.push_back(parts.size() == 1 ? parts[0] : job.name + ": the process failed");
     return parts;
 }
