@@ -123,7 +123,7 @@ async function changes_are_counted_named_and_shown(page) {
     'backlight: changed', 'gain_limit: moved', 'anti_flicker: moved', 'dynamic_range: moved']);
   await changed.scrollIntoViewIfNeeded();
   const [now, old, marked] = ['now', 'old', 'marked'].map((name) => changed.locator('img.' + name));
-  assert.ok((await old.boundingBox()).x > (await now.boundingBox()).x && !await marked.isVisible());
+  assert.ok((await old.boundingBox()).x < (await now.boundingBox()).x && !await marked.isVisible());
   await page.selectOption('[name=compare]', 'slider');
   await changed.locator('.cut').fill('20');
   assert.match(await style(old, 'clipPath'), /80%/);

@@ -154,6 +154,7 @@ function card(version) {
   const pair = make('div', {className: 'pair ' + status}, frame);
   const figure = make('figure', {className: status, tabIndex: -1, lang: language.code.replace('_', '-'), version},
     make('figcaption', {}, make('b', {}, language.code), make('span', {className: 'status', hidden: !status}, status),
+      make('span', {className: 'sides', hidden: status !== 'changed'}, 'before, and now'),
       make('span', {className: tight < 0 ? 'tight over' : 'tight'}, tight < Infinity ? `tightest ${tight} px` : '')),
     make('div', {className: 'scroll'}, pair));
   if (status === 'changed') {
