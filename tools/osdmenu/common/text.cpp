@@ -49,6 +49,20 @@ std::string cut_utf8(const std::string &text, size_t limit)
     return text.substr(0, end);
 }
 
+std::string in_cells(const std::string &text, int cells)
+{
+    std::string result;
+    for (const char *at = text.c_str(); *at; at = g_utf8_next_char(at)) {
+        gunichar character = g_utf8_get_char(at);
+        int width = g_unichar_iszerowidth(character) ? 0 : g_unichar_iswide(character) ? 2 : 1;
+        if (width > cells)
+            break;
+        result.append(at, static_cast<size_t>(g_utf8_next_char(at) - at));
+        cells -= width;
+    }
+    return result + std::string(static_cast<size_t>(cells), ' ');
+}
+
 std::optional<std::string> character_without_glyph(const std::string &text)
 {
     for (size_t i = 0; i < text.size(); i++) {

@@ -26,6 +26,9 @@ std::string printable(const std::string &text);
 // The longest beginning that fits `limit` bytes and ends where a character ends.
 std::string cut_utf8(const std::string &text, size_t limit);
 
+// Cut or filled up to so many cells. A terminal gives wide characters two of them, and marks upon others none.
+std::string in_cells(const std::string &text, int cells);
+
 // The first character that the device has no glyph for.
 std::optional<std::string> character_without_glyph(const std::string &text);
 

@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include "common/text.h"
@@ -20,7 +21,7 @@ static std::FILE *own_copy(int fd)
 Streams::Streams(const std::string &trace_path)
 {
     const char *path = trace_path.empty() ? "/dev/null" : trace_path.c_str();
-    int trace = open(path, O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+    int trace = open(path, O_WRONLY | O_CREAT | O_TRUNC | O_APPEND | O_CLOEXEC, 0666);
     if (trace < 0)
         throw Failure(std::string(path) + ": " + std::strerror(errno));
     std::fflush(nullptr);
@@ -41,4 +42,14 @@ Streams::~Streams()
     dup2(fileno(err), STDERR_FILENO);
     std::fclose(out);
     std::fclose(err);
+}
+
+// The next line goes to the new end of a file that is written by appending.
+void Streams::keep_trace_below(long limit)
+{
+    std::fflush(stdout);
+    struct stat trace;
+    if (fstat(STDOUT_FILENO, &trace) == 0 && S_ISREG(trace.st_mode) && trace.st_size > limit)
+        if (ftruncate(STDOUT_FILENO, 0) != 0)
+            std::clearerr(stdout);
 }

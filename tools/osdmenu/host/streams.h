@@ -13,6 +13,9 @@ class Streams
     Streams(const Streams &) = delete;
     Streams &operator=(const Streams &) = delete;
 
+    // Begins the trace file anew when it has grown past so many bytes.
+    static void keep_trace_below(long limit);
+
     std::FILE *out;
     std::FILE *err;
 

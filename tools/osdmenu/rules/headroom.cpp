@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include <glib.h>
-
 #include "common/text.h"
 #include "rules/json.h"
 #include "rules/layout_rules.h"
@@ -37,21 +35,6 @@ static void add_language(const Project &project, const RenderedLanguage &languag
         headroom.worst = headroom.free.size() - 1;
         headroom.room = room;
     });
-}
-
-// Cut or filled up to so many cells. A terminal gives wide characters two of them, and marks upon others none.
-static std::string in_cells(const std::string &text, int cells)
-{
-    std::string result;
-    for (const char *at = text.c_str(); *at; at = g_utf8_next_char(at)) {
-        gunichar character = g_utf8_get_char(at);
-        int width = g_unichar_iszerowidth(character) ? 0 : g_unichar_iswide(character) ? 2 : 1;
-        if (width > cells)
-            break;
-        result.append(at, static_cast<size_t>(g_utf8_next_char(at) - at));
-        cells -= width;
-    }
-    return result + std::string(static_cast<size_t>(cells), ' ');
 }
 
 static std::string right(const std::string &text, size_t width)
