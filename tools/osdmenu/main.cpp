@@ -23,8 +23,8 @@ static int run_tool(int argc, char **argv)
     app.require_subcommand(1);
     app.set_version_flag("--version", "osdmenu " OSDMENU_VERSION);
     Run run;
-    for (auto add : {add_build, add_check, add_explain, add_extract, add_gallery, add_inspect, add_play, add_schema,
-                     add_shot, add_walk})
+    for (auto add : {add_build, add_check, add_explain, add_extract, add_gallery, add_inspect, add_play, add_run,
+                     add_schema, add_shot, add_walk})
         add(app, run);
     try {
         app.parse(argc, argv);

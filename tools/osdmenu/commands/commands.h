@@ -18,6 +18,7 @@ void add_extract(CLI::App &app, Run &run);
 void add_gallery(CLI::App &app, Run &run);
 void add_inspect(CLI::App &app, Run &run);
 void add_play(CLI::App &app, Run &run);
+void add_run(CLI::App &app, Run &run);
 void add_schema(CLI::App &app, Run &run);
 void add_shot(CLI::App &app, Run &run);
 void add_walk(CLI::App &app, Run &run);

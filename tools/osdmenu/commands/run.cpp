@@ -1,0 +1,219 @@
+// osdmenu run: a compiled menu to be tried on a desktop, with the keys, settings and languages of a camera.
+
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <unistd.h>
+
+#include "commands/commands.h"
+#include "common/text.h"
+#include "desktop/panel.h"
+#include "desktop/screen.h"
+#include "host/streams.h"
+#include "lib_dbgout.h"
+#include "rules/report.h"
+
+namespace fs = std::filesystem;
+
+namespace
+{
+
+struct RunOptions {
+    std::string directory; // of a menu or one language
+    std::string language;
+    std::string display;
+    std::string settings;
+    std::string background;
+    std::string scale = "fit";
+    std::string graphics = "auto";
+    std::string trace;
+    std::string record;
+    int trace_level = 0;
+    std::vector<std::string> resume; // language, help block, and the names of the rows down to the chosen one
+};
+
+volatile std::sig_atomic_t is_told_to_end;
+
+} // namespace
+
+static constexpr int TICK = 100;                      // milliseconds
+static constexpr long TRACE_LIMIT = 4l * 1024 * 1024; // bytes
+
+// Settings are saved and a terminal is itself again, whoever ends the session. A reader that has gone is seen when
+// something is written.
+static void end_in_order()
+{
+    struct sigaction action = {};
+    action.sa_handler = [](int) { is_told_to_end = 1; };
+    for (int number : {SIGTERM, SIGINT, SIGHUP, SIGQUIT})
+        sigaction(number, &action, nullptr);
+    action.sa_handler = SIG_IGN;
+    sigaction(SIGPIPE, &action, nullptr);
+}
+
+// A language that was asked for by its own directory goes before the one that is remembered.
+static std::string first_language(const RunOptions &options, const MenuDirectory &menu)
+{
+    if (!options.resume.empty() && menu.has_language(options.resume[0]))
+        return options.resume[0];
+    if (!options.language.empty() && !menu.has_language(options.language))
+        throw Failure("no language " + in_quotes(options.language) + "; known are: " + joined(menu.languages, " "));
+    if (!options.language.empty())
+        return options.language;
+    if (!fs::equivalent(options.directory, menu.path.empty() ? "." : menu.path))
+        return menu.language;
+    auto remembered = host.settings.values.find("language");
+    const std::vector<std::string> &codes = menu.manifest.languages;
+    if (remembered != host.settings.values.end() && static_cast<size_t>(remembered->second) < codes.size())
+        if (const std::string &code = codes[static_cast<size_t>(remembered->second)]; menu.has_language(code))
+            return code;
+    return menu.language;
+}
+
+static void start_menu(const RunOptions &options, const MenuDirectory &menu, const std::string &settings)
+{
+    dbgout_profile.lib_level = dbgout_profile.para_level = options.trace_level;
+    host.settings = read_settings(settings, host.notice);
+    host.settings_path = settings;
+    host.follows_language = true;
+    start_host(menu, first_language(options, menu));
+}
+
+// What a person asked for is opened or the session fails; else a terminal will do where there is no window.
+static std::unique_ptr<Screen> open_screen(const RunOptions &options, const Streams &streams)
+{
+    int scale = std::atoi(options.scale.c_str()); // 0 for "fit"
+    if (options.display == "none")
+        return open_words(streams.out, streams.err);
+    if (options.display == "terminal")
+        return open_terminal(streams.out, options.graphics);
+    if (options.display == "window")
+        return open_window(scale);
+    try {
+        return open_window(scale);
+    } catch (const Failure &) {
+    }
+    if (isatty(STDIN_FILENO) && isatty(fileno(streams.out)))
+        return open_terminal(streams.out, options.graphics);
+    throw Failure("there is neither a desktop nor a terminal; --display none reads keys from standard input");
+}
+
+// At the chosen row before the files were new, or the nearest above it that is still there.
+static void go_to_place(const RunOptions &options)
+{
+    for (size_t i = options.resume.size(); i > 2; i--)
+        if (go_to(options.resume[i - 1]))
+            return;
+}
+
+static void serve(Session &session, Screen &screen)
+{
+    while (session.end == SessionEnd::none && !is_told_to_end) {
+        Streams::keep_trace_below(TRACE_LIMIT);
+        if (std::exchange(session.is_changed, false) || screen.needs_paint)
+            screen.show(session);
+        for (const std::string &key : screen.keys(TICK))
+            press_key(session, key);
+        pass_time(session, Clock::now());
+    }
+    finish_session(session);
+}
+
+static Owned<std::FILE, std::fclose> open_record(const RunOptions &options)
+{
+    if (options.record.empty())
+        return nullptr;
+    std::FILE *file = std::fopen(options.record.c_str(), options.resume.empty() ? "we" : "ae");
+    if (!file)
+        throw Failure(options.record + ": " + std::strerror(errno));
+    return Owned<std::FILE, std::fclose>(file);
+}
+
+// Everything that the session held is given back when it returns. What it returns is to be resumed.
+static std::vector<std::string> hold_session(const RunOptions &options)
+{
+    Findings findings;
+    MenuDirectory menu = open_menu_directory(options.directory, findings);
+    std::string state = state_directory_of(menu.path.empty() ? "." : menu.path);
+    fs::create_directories(options.trace.empty() ? state : ".");
+    Owned<std::FILE, std::fclose> record = open_record(options);
+    Session session;
+    session.directory = options.directory;
+    session.trace_path = options.trace.empty() ? state + "/trace.log" : options.trace;
+    session.record = record.get();
+    session.shows_help_block = options.resume.size() > 1 && options.resume[1] == "on";
+    Streams streams(session.trace_path);
+    print_report(streams.err, findings, ReportFormat::text);
+    start_menu(options, menu, options.settings.empty() ? state + "/settings.json" : options.settings);
+    session.backdrop = read_backdrop(options.background, painted_view().width, painted_view().height);
+    end_in_order();
+    std::unique_ptr<Screen> screen = open_screen(options, streams);
+    go_to_place(options);
+    start_session(session);
+    serve(session, *screen);
+    if (session.end != SessionEnd::new_files)
+        return {};
+    std::vector<std::string> resume = place();
+    resume.insert(resume.begin(), {host.language, session.shows_help_block ? "on" : "off"});
+    return resume;
+}
+
+// The arguments of this process, with what is to be resumed behind the name of the subcommand.
+static std::vector<std::string> arguments_to_resume(const std::vector<std::string> &resume)
+{
+    static const std::string OPTION = "--resume=";
+    std::ifstream in("/proc/self/cmdline", std::ios::binary);
+    std::vector<std::string> arguments;
+    for (std::string argument; std::getline(in, argument, '\0');)
+        if (!argument.starts_with(OPTION))
+            arguments.push_back(argument);
+    auto at = std::find(arguments.begin(), arguments.end(), "run") + 1;
+    for (const std::string &word : resume)
+        at = arguments.insert(at, OPTION + word) + 1;
+    return arguments;
+}
+
+// Replaces the process by one that knows nothing of the old files.
+[[noreturn]] static void start_anew(const std::vector<std::string> &resume)
+{
+    std::vector<std::string> arguments = arguments_to_resume(resume);
+    std::vector<char *> pointers;
+    for (std::string &argument : arguments)
+        pointers.push_back(argument.data());
+    pointers.push_back(nullptr);
+    execv("/proc/self/exe", pointers.data());
+    throw Failure(std::string("cannot start anew: ") + std::strerror(errno));
+}
+
+static int run_menu(const RunOptions &options)
+{
+    std::vector<std::string> resume = hold_session(options);
+    if (!resume.empty())
+        start_anew(resume);
+    return STATUS_CLEAN;
+}
+
+void add_run(CLI::App &app, Run &run)
+{
+    auto shared = std::make_shared<RunOptions>();
+    RunOptions &options = *shared;
+    CLI::App *command = app.add_subcommand("run", "Tries a compiled menu, in a window or a terminal");
+    command->add_option("directory", options.directory, "Directory of a compiled menu, or of one of its languages")
+        ->required();
+    command->add_option("--language", options.language, "Language to start in, in place of the one that is remembered");
+    command->add_option("--display", options.display, "Where to show it; none reads names of keys from standard input")
+        ->check(CLI::IsMember({"window", "terminal", "none"}));
+    command->add_option("--scale", options.scale, "Of the page in a window: fit, or a whole number")
+        ->check(CLI::IsMember({"fit", "1", "2", "3", "4", "5", "6", "7", "8"}));
+    command->add_option("--graphics", options.graphics, "How a terminal draws the page")
+        ->check(CLI::IsMember({"auto", "kitty", "sixel", "blocks"}));
+    command->add_option("--background", options.background, "Behind transparent pixels: #rrggbb or a PNG file");
+    command->add_option("--settings", options.settings, "File of the settings, in place of the menu's own");
+    command->add_option("--trace", options.trace, "File for what the library prints");
+    command->add_option("--trace-level", options.trace_level, "How much it prints")->check(CLI::Range(0, 7));
+    command->add_option("--record", options.record, "File that the keys are written to, as a script");
+    command->add_option("--resume", options.resume)->take_all()->allow_extra_args(false)->group("");
+    command->callback([&run, shared] { run = [shared] { return run_menu(*shared); }; });
+}

@@ -1,0 +1,158 @@
+#include "desktop/panel.h"
+
+#include <algorithm>
+#include <fstream>
+
+#include "common/text.h"
+#include "core/walks.h"
+
+using Lines = std::vector<PanelLine>;
+
+static bool find_path(const list_head *page, std::vector<const osdmenu_item *> &path)
+{
+    for (osdmenu_item *row = first_row(page); row; row = row_below(row, page)) {
+        path.push_back(row);
+        if (row == osdmenu_current_menuitem || find_path(&row->child, path))
+            return true;
+        path.pop_back();
+    }
+    return false;
+}
+
+static std::vector<const osdmenu_item *> path_to_chosen()
+{
+    std::vector<const osdmenu_item *> path;
+    if (osdmenu_current_menuitem)
+        find_path(&orderized_osdmenu.siblings, path);
+    return path;
+}
+
+std::vector<std::string> place()
+{
+    std::vector<std::string> names;
+    for (const osdmenu_item *item : path_to_chosen())
+        names.push_back(item->name);
+    return names;
+}
+
+// A choice past the last is the first again, as on the page.
+static std::string choice_text(const osdmenu_item_value &value)
+{
+    std::vector<std::string> texts;
+    for (auto *choice = first_choice(&value); choice; choice = choice_after(choice, &value))
+        texts.push_back(printable(choice->u.txt.description));
+    return texts.empty() ? "" : texts[static_cast<unsigned int>(value.current) % texts.size()];
+}
+
+// As the page shows it, empty for a row without one.
+static std::string value_text(const osdmenu_item_value &value)
+{
+    switch (value.type) {
+    case VALUE_TXT:
+    case VALUE_RAWTXT:
+        return choice_text(value);
+    case VALUE_NUMBER:
+        return std::to_string(value.u.number.current);
+    case VALUE_PERCENTAGE:
+        return std::to_string(value.u.percentage.current) + "%";
+    default:
+        return "";
+    }
+}
+
+// The number that the host keeps, and what the page shows for it.
+static std::string chosen_value()
+{
+    const osdmenu_item *item = osdmenu_current_menuitem;
+    if (!item || item->item_values.type == VALUE_NONE)
+        return "no value";
+    std::string number = std::to_string(host.settings.values[item->name]), shown = value_text(item->item_values);
+    return "value " + number + (shown == number ? "" : " (" + shown + ")");
+}
+
+static Lines place_lines()
+{
+    const osdmenu_item *item = osdmenu_current_menuitem;
+    std::string position = "level " + std::to_string(osdmenu_current_viewlevel) + "  position";
+    for (unsigned char byte : current_view_position.levels)
+        position.append(" ").append(std::to_string(byte));
+    return {{item ? printable(item->name) : "no row", Tone::title}, {position}, {chosen_value()}};
+}
+
+std::string place_line()
+{
+    std::string line;
+    for (const PanelLine &each : place_lines())
+        line.append(line.empty() ? "" : "  ").append(each.text);
+    return line;
+}
+
+// As many rows of the page as there is room for, the chosen one among them.
+static Lines row_lines(size_t room)
+{
+    std::vector<const osdmenu_item *> path = path_to_chosen();
+    const list_head *page = path.size() > 1 ? &path[path.size() - 2]->child : &orderized_osdmenu.siblings;
+    Lines lines;
+    size_t chosen = 0;
+    for (osdmenu_item *row = first_row(page); row; row = row_below(row, page)) {
+        if (is_disabled(row))
+            continue;
+        bool is_chosen = row == osdmenu_current_menuitem;
+        chosen = is_chosen ? lines.size() : chosen;
+        std::string text = (is_chosen ? "> " : "  ") + printable(row->view.description);
+        lines.push_back(
+            {in_cells(text, 26) + "  " + value_text(row->item_values), is_chosen ? Tone::chosen : Tone::plain});
+    }
+    size_t first = std::min(lines.size(), chosen < room ? 0 : chosen + 1 - room);
+    return {lines.begin() + static_cast<long>(first),
+            lines.begin() + static_cast<long>(std::min(lines.size(), first + room))};
+}
+
+static Lines key_lines()
+{
+    Lines lines = {{"KEYS", Tone::heading}};
+    for (const DesktopKey &key : desktop_keys())
+        lines.push_back({in_cells(key.label, 12) + key.meaning});
+    return lines;
+}
+
+// What they say, without where they come from, for which there is no room; of the end of the file, which may be long.
+static std::vector<std::string> last_trace_lines(const std::string &path)
+{
+    static constexpr long TAIL = 8192; // bytes
+    std::ifstream in(path, std::ios::binary | std::ios::ate);
+    in.seekg(std::max(0L, static_cast<long>(in.tellg()) - TAIL));
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(in, line);)
+        lines.push_back(line.substr(line.find("] ") == line.npos ? 0 : line.find("] ") + 2));
+    return lines;
+}
+
+// The latest of them below a heading, where there is room for both.
+template <class Texts> static Lines latest(const char *heading, const Texts &texts, size_t room)
+{
+    if (room < 2)
+        return {};
+    Lines lines = {{heading, Tone::heading}};
+    for (size_t i = texts.size() - std::min(texts.size(), room - 1); i < texts.size(); i++)
+        lines.push_back({printable(texts[i]), Tone::faint});
+    return lines;
+}
+
+std::vector<PanelLine> panel_lines(const Session &session, size_t height, bool lists_rows)
+{
+    Lines lines = place_lines();
+    for (const std::string &notice : session.notices)
+        lines.push_back({printable(notice), Tone::notice});
+    auto room = [&] { return height - std::min(height, lines.size() + 1); };
+    auto append = [&](const Lines &more) { lines.insert(lines.end(), more.begin(), more.end()); };
+    if (session.shows_keys)
+        append(key_lines());
+    if (lists_rows)
+        append(row_lines(room()));
+    append(latest("CALLS", session.calls, room() / 2));
+    append(latest("TRACE", last_trace_lines(session.trace_path), room()));
+    lines.resize(std::max<size_t>(height, 1) - 1);
+    lines.push_back({host.language + "   ? shows the keys, Q leaves", Tone::faint});
+    return lines;
+}
