@@ -10,7 +10,7 @@
 #include "render/png.h"
 #include "store/output.h"
 
-static constexpr std::chrono::milliseconds BUBBLE_TIME(3000), SAVE_DELAY(1000), WATCH_INTERVAL(500);
+static constexpr std::chrono::milliseconds BUBBLE_TIME(3000), SAVE_DELAY(1000), SAVE_AGAIN(30000), WATCH_INTERVAL(500);
 static constexpr size_t CALLS_KEPT = 32;
 
 static void tell(Session &session, const std::string &notice)
@@ -195,26 +195,24 @@ static void look_for_new_files(Session &session)
 static void save(Session &session)
 {
     write_settings(host.settings_path, host.settings);
-    session.saved = session.seen = host.settings;
+    session.saved = host.settings;
 }
 
-// What can't be saved is told once, and tried again at the next change.
+// What can't be saved is told, and tried again after a while.
 static void save_in_time(Session &session, Clock::time_point now)
 {
-    if (host.settings != session.seen) {
-        session.seen = host.settings;
+    if (host.settings == session.saved)
         session.save_due = now + SAVE_DELAY;
-    }
-    if (session.seen == session.saved || now < session.save_due)
+    if (now < session.save_due)
         return;
-    session.save_due = Clock::time_point::max();
+    session.save_due = now + SAVE_AGAIN;
     attempt(session, [&] { save(session); });
 }
 
 void start_session(Session &session)
 {
     osdmenu_meeting_camera_helpline_enable(session.shows_help_block);
-    session.saved = session.seen = host.settings;
+    session.saved = host.settings;
     session.loaded_files = session.seen_files = file_stamps();
     host.calls.clear();
     paint_page(session);

@@ -31,7 +31,7 @@ struct Session {
     bool is_changed = true;           // since it was last shown
     SessionEnd end = SessionEnd::none;
 
-    Settings saved, seen; // settings as in their file, and at the last look
+    Settings saved; // as in their file
     Clock::time_point save_due, watch_due;
     std::vector<long> loaded_files, seen_files; // their stamps
 };

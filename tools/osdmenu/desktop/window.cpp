@@ -111,7 +111,7 @@ struct Window : Screen {
     // A session saves what it keeps when a signal comes, which SDL would take for itself.
     explicit Window(int whole_steps) : scale(whole_steps)
     {
-        SDL_SetHint(SDL_HINT_VIDEODRIVER, "wayland,x11"); // others show their window to nobody
+        SDL_SetHint(SDL_HINT_VIDEODRIVER, "x11,wayland"); // others show their window to nobody
         SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
         SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
         SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1");
@@ -157,12 +157,17 @@ struct Window : Screen {
         keys.push_back(std::string(1, letter));
     }
 
+    // SDL's own way of waiting sends the window events that end the process when they come after its end.
     std::vector<std::string> keys(int milliseconds) override
     {
+        static constexpr int STEP = 10;
         std::vector<std::string> keys;
         SDL_Event event;
-        for (int more = SDL_WaitEventTimeout(&event, milliseconds); more; more = SDL_PollEvent(&event))
-            take(event, keys);
+        for (int waited = 0; waited < milliseconds && keys.empty() && !needs_paint; waited += STEP) {
+            SDL_Delay(STEP);
+            while (SDL_PollEvent(&event))
+                take(event, keys);
+        }
         return keys;
     }
 

@@ -1,0 +1,202 @@
+// A menu that is tried: by words from a pipe as a person does it, and by a long session in this very process.
+#include "support/tool.h"
+
+#include <random>
+
+#include "desktop/panel.h"
+#include "host/streams.h"
+#include "osd_menu_post.h"
+
+struct Run : Tool {
+    Run()
+    {
+        setenv("XDG_STATE_HOME", (dir / "state").c_str(), 1);
+        unsetenv("DISPLAY");
+        unsetenv("WAYLAND_DISPLAY");
+    }
+    int build_page()
+    {
+        return build(menu("  - {name: top, text: Top}\n  - name: page\n    text: Page\n    items:\n"
+                          "      - {name: page_title, text: Page}\n"
+                          "      - {name: level, text: Level, number: {low: 0, high: 9, value: 3}}\n"
+                          "      - {name: mode, text: Mode, choices: [A, B, C]}\n"));
+    }
+    // The sample in two languages, and on a small view.
+    void build_sample()
+    {
+        run("sed '/^  - fr$/,/^  - ar$/d; s/burst: 2/burst: 1/' " SAMPLE_MENU_DIR "/menu.yaml >m/menu.yaml; "
+            "cp " SAMPLE_MENU_DIR "/osd_menu.json m; cp " SAMPLE_MENU_DIR "/po/de.po m/po; "
+            "osdmenu build m/menu.yaml -o sample");
+    }
+    int press(const std::string &keys, const std::string &options = "")
+    {
+        return run("echo '" + keys + "' | osdmenu run made --display none " + options);
+    }
+};
+
+// Runs a session in the background: keys go in by descriptor 3, what they led to comes out in `told`.
+static const std::string background =
+    "until_true() { n=0; until eval \"$1\"; do n=$((n + 1)); [ $n -lt 1200 ] || exit 9; sleep 0.05; done; }; "
+    "mkfifo keys; " OSDMENU_TOOL " run made --display none <keys >told 2>notes & session=$!; exec 3>keys; ";
+
+TEST_F(Run, EachKeyTellsWhereItLedAndSettingsAreThereAgain)
+{
+    ASSERT_EQ(build_page(), 0);
+    EXPECT_EQ(press("down ok\nright  down right"), 0);
+    EXPECT_EQ(out + err, "page  level 0  position 2 1 1 1  no value\n"
+                         "level  level 1  position 2 1 1 1  value 3\n"
+                         "level  level 1  position 2 1 1 1  value 4\n"
+                         "mode  level 1  position 2 2 1 1  value 0 (A)\n"
+                         "mode  level 1  position 2 2 1 1  value 1 (B)\n");
+    press("down ok");
+    EXPECT_NE(out.find("level  level 1  position 2 1 1 1  value 4\n"), std::string::npos) << out;
+    press("down ok", "--settings s/other.json"); // of another camera
+    EXPECT_NE(out.find("value 3"), std::string::npos) << out;
+    EXPECT_EQ(run(background + "echo 'down ok left' >&3; until_true 'grep -q \"value 3\" told'; kill -TERM $session; "
+                               "wait $session && cat state/osdmenu/made-*/settings.json"),
+              0);
+    EXPECT_NE(out.find("\"level\":\t3"), std::string::npos) << out;
+    EXPECT_FALSE(fs::exists(dir / "s/other.json")) << "nothing was changed";
+}
+
+TEST_F(Run, ADamagedSettingsFileIsSetAsideAndTold)
+{
+    build_page();
+    write("s.json", "{\"values\": {\"level\": 8}, \"texts\":");
+    EXPECT_EQ(press("down ok right", "--settings s.json"), 0);
+    EXPECT_NE(err.find("s.json is damaged; it is now s.json.damaged"), std::string::npos) << err;
+    EXPECT_NE(out.find("value 4"), std::string::npos) << out;
+    EXPECT_NE(read(dir / "s.json").find("\"level\":\t4"), std::string::npos);
+    EXPECT_EQ(press("down ok right", "--settings m"), 1) << "a directory";
+}
+
+static const struct {
+    std::string arguments;
+    int status;
+    std::string told;
+} refused[] = {
+    {"made --display none --language xx", 1, "no language 'xx'; known are: en"},
+    {"made --display none", 1, "no key 'sideways'"},
+    {"made", 1, "--display none"},
+    {"made --display window", 1, "no window can be opened"},
+    {"made --display terminal", 1, "no terminal"},
+    {"made --display nowhere", 2, "nowhere"},
+    {"nothing --display none", 1, "nothing"},
+    {"made --display none --background m/menu.yaml", 1, "m/menu.yaml"},
+    {"made --display none --record nowhere/script", 1, "nowhere/script"},
+};
+TEST_F(Run, WhatCannotBeDoneIsRefusedByName)
+{
+    build_page();
+    for (const auto &[arguments, status, told] : refused) {
+        EXPECT_EQ(run("echo sideways | osdmenu run " + arguments), status) << arguments;
+        EXPECT_NE(err.find(told), std::string::npos) << arguments << ": " << err;
+    }
+}
+
+TEST_F(Run, LanguagesAreRememberedPicturesAreThoseOfShotsAndWhatIsDoneIsRecorded)
+{
+    build_sample();
+    const std::string none = "osdmenu run sample --display none ";
+    EXPECT_EQ(run("echo 'l b h a back p' | " + none + "--record script; sed '/^wait [0-9]*[.][0-9][0-9]$/d' script"),
+              0);
+    EXPECT_EQ(out.substr(out.find("language")), "language de\nbubble Kz73Connect\nhelp on\naimode\nback\n");
+    EXPECT_EQ(run("cat script | grep -c wait; echo p | " + none + ">&2; osdmenu shot sample/de -o de.png"), 0);
+    EXPECT_EQ(out, "5\n");
+    EXPECT_EQ(read(dir / "osdmenu-2.png"), read(dir / "de.png"));
+    run("echo p | osdmenu run sample/en --display none; osdmenu shot sample/en -o en.png");
+    EXPECT_EQ(read(dir / "osdmenu-3.png"), read(dir / "en.png"));
+    run("echo 'b p' | " + none + "; echo 'b menu p' | " + none);
+    EXPECT_NE(read(dir / "osdmenu-4.png"), read(dir / "de.png"));
+    EXPECT_EQ(read(dir / "osdmenu-5.png"), read(dir / "de.png"));
+}
+
+TEST_F(Run, NewFilesAreTakenUpAtTheSameRowOrTheNextAboveUnlessTheyAreNotSound)
+{
+    build_page();
+    const std::string script = R"(
+        build() { sed -i "$1" m/menu.yaml; osdmenu build m/menu.yaml -o made; }
+        is_resumed() { tr '\0' ' ' </proc/$session/cmdline | grep -q -e '--resume=on --resume=page --resume=level '; }
+        echo h down ok right >&3
+        until_true 'grep -q "value 4" told'
+        build s/Level/Height/
+        until_true is_resumed
+        echo right >&3
+        until_true 'grep -q "value 5" told'
+        build /Height/d
+        until_true 'echo ok >&3; grep -q ^mode told'
+        echo x >made/en/b.d
+        until_true 'grep -q sound notes'
+        echo right >&3
+        until_true 'grep -q B told'
+        exec 3>&-
+        wait $session
+        cat notes)";
+    EXPECT_EQ(run(background + script), 0) << read(dir / "told") << read(dir / "notes");
+    EXPECT_NE(out.find("the old menu stays.\nosdmenu: made/en/b.d: byte 0"), std::string::npos) << out;
+}
+
+// Leaving the AI mode page saves at once, so that a kill hits one of many saves.
+TEST_F(Run, SettingsAreWholeWheneverTheSessionIsKilled)
+{
+    build_sample();
+    std::string notice, file = dir / "s.json";
+    for (int moment = 0; moment < 40; moment++) {
+        run("yes 'menu ok ok right a back' | " OSDMENU_TOOL " run sample --display none --settings s.json >told & "
+            "until [ -s s.json ] && [ -s told ] || ! kill -0 $!; do sleep 0.01; done; sleep 0.00" +
+            std::to_string(moment % 10) + "; kill -9 $!; wait");
+        EXPECT_TRUE(read_settings(file, notice).values.contains("exposure_mode")) << moment;
+        EXPECT_EQ(notice, "") << moment;
+    }
+}
+
+static long resident_kilobytes()
+{
+    long pages = 0, resident = 0;
+    std::ifstream("/proc/self/statm") >> pages >> resident;
+    return resident * sysconf(_SC_PAGESIZE) / 1024;
+}
+
+// Any of the keys that neither leave nor write files.
+static void press_any(Session &session, std::mt19937 &random, int times)
+{
+    static const std::vector<std::string> names = {"up",   "down", "down", "left", "right", "ok", "ok",
+                                                   "back", "menu", "b",    "h",    "a",     "i",  "?"};
+    for (int i = 0; i < times; i++)
+        press_key(session, names[random() % names.size()]);
+}
+
+#ifdef __SANITIZE_ADDRESS__ // which keeps what is freed
+static constexpr bool MEMORY_COUNTS = false;
+#else
+static constexpr bool MEMORY_COUNTS = true;
+#endif
+
+TEST_F(Run, TenThousandKeysAndAHundredLanguagesLeaveTheMemoryAsItWas)
+{
+    build_sample();
+    Findings findings;
+    MenuDirectory menu = open_menu_directory(dir / "sample", findings);
+    menu.manifest.display.width = 440, menu.manifest.display.height = 290; // most pages are larger
+    Session session;
+    session.trace_path = dir / "trace";
+    {
+        Streams streams(session.trace_path);
+        host.follows_language = true;
+        start_host(menu, "en");
+        start_session(session);
+        std::mt19937 random(20);
+        long before = 0;
+        for (int round = 0; round < 100; round++) {
+            press_any(session, random, 100);
+            std::string language = host.language;
+            press_key(session, "l");
+            ASSERT_NE(host.language, language) << round;
+            ASSERT_EQ(panel_lines(session, 20, true).size(), 20u);
+            Streams::keep_trace_below(1 << 20);
+            before = round == 20 ? resident_kilobytes() : before;
+        }
+        EXPECT_LT(MEMORY_COUNTS ? resident_kilobytes() - before : 0, 1024);
+    }
+    EXPECT_LT(fs::file_size(dir / "trace"), size_t{2} << 20);
+}
