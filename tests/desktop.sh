@@ -3,10 +3,7 @@
 # `osdmenu shot`; what stands in the terminal is read.
 # usage: desktop.sh OSDMENU MENU_DIRECTORY window|terminal
 set -eu
-osdmenu=$1
-menu=$2
-place=$(mktemp -d)
-server= session=
+osdmenu=$1 menu=$2 place=$(mktemp -d) server= session=
 trap '{ kill $session $server; tmux -S tmux kill-server; wait; } 2>/dev/null || true; rm -rf "$place"' EXIT
 cd "$place"
 export XDG_STATE_HOME="$place/state" LC_ALL=C.UTF-8
@@ -46,7 +43,7 @@ window() {
     xdotool windowfocus --sync "$window" key Return key Return key Down key Right
     until_true shows second.png
     picture_of 420x580+880+0 panel2.png
-    ! cmp -s panel.png panel2.png
+    cmp -s panel.png panel2.png && exit 1
     xdotool key h
     until_true shows help.png
     xdotool key h key b
@@ -75,7 +72,7 @@ terminal() {
     press Down Right
     until_true says '> Compensation  *1'
     draw second
-    ! cmp -s first second
+    cmp -s first second && exit 1
     press Left Up
     until_true says '> Mode  *Automatic'
     draw third
