@@ -56,20 +56,16 @@ static void end_in_order()
 // A language that was asked for by its own directory goes before the one that is remembered.
 static std::string first_language(const RunOptions &options, const MenuDirectory &menu)
 {
-    if (!options.resume.empty() && menu.has_language(options.resume[0]))
-        return options.resume[0];
-    if (!options.language.empty() && !menu.has_language(options.language))
-        throw Failure("no language " + in_quotes(options.language) + "; known are: " + joined(menu.languages, " "));
-    if (!options.language.empty())
-        return options.language;
-    if (!fs::equivalent(options.directory, menu.path.empty() ? "." : menu.path))
-        return menu.language;
-    auto remembered = host.settings.values.find("language");
+    std::string wanted = options.resume.empty() ? options.language : options.resume[0];
+    if (options.resume.empty() && !wanted.empty() && !menu.has_language(wanted))
+        throw Failure("no language " + in_quotes(wanted) + "; known are: " + joined(menu.languages, " "));
     const std::vector<std::string> &codes = menu.manifest.languages;
-    if (remembered != host.settings.values.end() && static_cast<size_t>(remembered->second) < codes.size())
-        if (const std::string &code = codes[static_cast<size_t>(remembered->second)]; menu.has_language(code))
-            return code;
-    return menu.language;
+    auto remembered = host.settings.values.find("language");
+    bool is_one_language = !fs::equivalent(options.directory, menu.path.empty() ? "." : menu.path);
+    if (wanted.empty() && !is_one_language && remembered != host.settings.values.end() &&
+        static_cast<size_t>(remembered->second) < codes.size())
+        wanted = codes[static_cast<size_t>(remembered->second)];
+    return menu.has_language(wanted) ? wanted : menu.language;
 }
 
 static void start_menu(const RunOptions &options, const MenuDirectory &menu, const std::string &settings)
@@ -121,28 +117,21 @@ static void serve(Session &session, Screen &screen)
     finish_session(session);
 }
 
-static Owned<std::FILE, std::fclose> open_record(const RunOptions &options)
-{
-    if (options.record.empty())
-        return nullptr;
-    std::FILE *file = std::fopen(options.record.c_str(), options.resume.empty() ? "we" : "ae");
-    if (!file)
-        throw Failure(options.record + ": " + std::strerror(errno));
-    return Owned<std::FILE, std::fclose>(file);
-}
-
 // Everything that the session held is given back when it returns. What it returns is to be resumed.
 static std::vector<std::string> hold_session(const RunOptions &options)
 {
     Findings findings;
     MenuDirectory menu = open_menu_directory(options.directory, findings);
     std::string state = state_directory_of(menu.path.empty() ? "." : menu.path);
-    fs::create_directories(options.trace.empty() ? state : ".");
-    Owned<std::FILE, std::fclose> record = open_record(options);
+    if (options.trace.empty())
+        fs::create_directories(state);
     Session session;
+    if (!options.record.empty())
+        session.record.open(options.record, options.resume.empty() ? std::ios::trunc : std::ios::app);
+    if (!session.record)
+        throw Failure(options.record + ": " + std::strerror(errno));
     session.directory = options.directory;
     session.trace_path = options.trace.empty() ? state + "/trace.log" : options.trace;
-    session.record = record.get();
     session.shows_help_block = options.resume.size() > 1 && options.resume[1] == "on";
     Streams streams(session.trace_path);
     print_report(streams.err, findings, ReportFormat::text);

@@ -111,7 +111,7 @@ static Lines row_lines(size_t room)
 static Lines key_lines()
 {
     Lines lines = {{"KEYS", Tone::heading}};
-    for (const DesktopKey &key : desktop_keys())
+    for (const DesktopKey &key : desktop_keys)
         lines.push_back({in_cells(key.label, 12) + key.meaning});
     return lines;
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <iomanip>
 #include <sstream>
 #include <sys/stat.h>
 
@@ -33,12 +34,12 @@ template <class Work> static void attempt(Session &session, const Work &work)
 // Line by line, so that a killed session leaves all of it.
 static void record(Session &session, const std::string &statement)
 {
-    if (!session.record || statement.empty())
+    if (statement.empty())
         return;
     std::chrono::duration<double> waited = Clock::now() - session.recorded;
     session.recorded = Clock::now();
-    std::fprintf(session.record, "wait %.2f\n%s\n", waited.count(), printable(statement).c_str());
-    std::fflush(session.record);
+    session.record << "wait " << std::fixed << std::setprecision(2) << waited.count() << "\n"
+                   << printable(statement) << std::endl;
 }
 
 // A page asks for all its values at each paint: the count of the last paint is enough.
@@ -118,33 +119,29 @@ static std::string load_again(Session &session)
     return "";
 }
 
-const std::vector<DesktopKey> &desktop_keys()
-{
-    static const std::vector<DesktopKey> keys = {
-        {"up", "Up", "the row above", nullptr},
-        {"down", "Down", "the row below", nullptr},
-        {"left", "Left", "a lower value", nullptr},
-        {"right", "Right", "a higher value", nullptr},
-        {"ok", "Enter", "OK", nullptr},
-        {"back", "Backspace", "one level up", nullptr},
-        {"menu", "Home", "the top list", nullptr},
-        {"l", "L", "the next language", next_language},
-        {"b", "B", "the next bubble", next_bubble},
-        {"h", "H", "the help block on or off", switch_help_block},
-        {"a", "A", "the AI mode page", [](Session &) { return open_ai_mode(), std::string("aimode"); }},
-        {"i", "I", "the information page", [](Session &) { return open_information(), std::string("information"); }},
-        {"p", "P", "a picture into a PNG file", save_picture},
-        {"r", "R", "loads the files again", load_again},
-        {"?", "?", "these keys, or not",
-         [](Session &session) { return session.shows_keys = !session.shows_keys, std::string(); }},
-        {"q", "Q", "leaves", [](Session &session) { return session.end = SessionEnd::left, std::string(); }},
-    };
-    return keys;
-}
+const std::vector<DesktopKey> desktop_keys = {
+    {"up", "Up", "the row above", nullptr},
+    {"down", "Down", "the row below", nullptr},
+    {"left", "Left", "a lower value", nullptr},
+    {"right", "Right", "a higher value", nullptr},
+    {"ok", "Enter", "OK", nullptr},
+    {"back", "Backspace", "one level up", nullptr},
+    {"menu", "Home", "the top list", nullptr},
+    {"l", "L", "the next language", next_language},
+    {"b", "B", "the next bubble", next_bubble},
+    {"h", "H", "the help block on or off", switch_help_block},
+    {"a", "A", "the AI mode page", [](Session &) { return open_ai_mode(), std::string("aimode"); }},
+    {"i", "I", "the information page", [](Session &) { return open_information(), std::string("information"); }},
+    {"p", "P", "a picture into a PNG file", save_picture},
+    {"r", "R", "loads the files again", load_again},
+    {"?", "?", "these keys, or not",
+     [](Session &session) { return session.shows_keys = !session.shows_keys, std::string(); }},
+    {"q", "Q", "leaves", [](Session &session) { return session.end = SessionEnd::left, std::string(); }},
+};
 
 const DesktopKey *desktop_key(const std::string &key)
 {
-    for (const DesktopKey &each : desktop_keys())
+    for (const DesktopKey &each : desktop_keys)
         if (key == each.key)
             return &each;
     return nullptr;
@@ -235,7 +232,7 @@ void finish_session(Session &session)
 {
     if (host.settings != session.saved)
         save(session);
-    if (session.record && std::ferror(session.record))
+    if (session.record.is_open() && !session.record)
         throw Failure("what was done could not be recorded");
 }
 

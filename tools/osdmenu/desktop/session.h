@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <deque>
+#include <fstream>
 #include <optional>
 #include <string>
 #include <vector>
@@ -18,7 +19,7 @@ struct Session {
     std::string directory; // as it was given
     std::string trace_path;
     Backdrop backdrop;
-    std::FILE *record = nullptr; // where what is done is written as a script, if at all
+    std::ofstream record; // a script of what is done; nothing is recorded unless it is open
     Clock::time_point recorded = Clock::now();
 
     bool shows_help_block = false, shows_keys = false;
@@ -43,7 +44,7 @@ struct DesktopKey {
     const char *meaning;
     std::string (*press)(Session &session); // gives the statement of a script; null for a key of the menu itself
 };
-const std::vector<DesktopKey> &desktop_keys();
+extern const std::vector<DesktopKey> desktop_keys;
 const DesktopKey *desktop_key(const std::string &key);
 
 // The host is started already, and stands where the session begins.
