@@ -64,9 +64,7 @@ terminal() {
         stty -g >after; exec sleep 1000" >session
     tmux_do -u new-session -d -x 90 -y 40 "sh session"
     until_true says '> Camera'
-    press Enter
-    until_true says '> Exposure'
-    press Enter
+    press Enter Enter
     until_true says '> Mode  *Automatic'
     draw first
     press Down Right

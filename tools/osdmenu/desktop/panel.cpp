@@ -110,7 +110,7 @@ static Lines row_lines(size_t room)
 
 static Lines key_lines()
 {
-    Lines lines = {{"KEYS", Tone::heading}};
+    Lines lines = {{""}, {"KEYS", Tone::heading}};
     for (const DesktopKey &key : desktop_keys)
         lines.push_back({in_cells(key.label, 12) + key.meaning});
     return lines;
@@ -131,10 +131,10 @@ static std::vector<std::string> last_trace_lines(const std::string &path)
 // The latest of them below a heading, where there is room for both.
 template <class Texts> static Lines latest(const char *heading, const Texts &texts, size_t room)
 {
-    if (room < 2)
+    if (room < 3)
         return {};
-    Lines lines = {{heading, Tone::heading}};
-    for (size_t i = texts.size() - std::min(texts.size(), room - 1); i < texts.size(); i++)
+    Lines lines = {{""}, {heading, Tone::heading}};
+    for (size_t i = texts.size() - std::min(texts.size(), room - 2); i < texts.size(); i++)
         lines.push_back({printable(texts[i]), Tone::faint});
     return lines;
 }

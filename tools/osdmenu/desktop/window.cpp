@@ -29,12 +29,6 @@ static const char *const spans[] = {
     "weight='bold' foreground='#ffffff'", "weight='bold' foreground='#ffb454'",
 };
 
-static SDL_Point window_size(double scale)
-{
-    PixelView view = painted_view();
-    return {static_cast<int>(view.width * scale) + PANEL_WIDTH, static_cast<int>(view.height * scale)};
-}
-
 // A page that is larger than the desktop is made smaller, if any size will do.
 static SDL_Point first_size(int scale)
 {
@@ -42,7 +36,8 @@ static SDL_Point first_size(int scale)
     SDL_GetDisplayUsableBounds(0, &desktop);
     PixelView view = painted_view();
     double fitting = std::min((0.95 * desktop.w - PANEL_WIDTH) / view.width, 0.9 * desktop.h / view.height);
-    return window_size(scale ? scale : std::min(1.0, fitting));
+    double factor = scale ? scale : std::min(1.0, fitting);
+    return {static_cast<int>(view.width * factor) + PANEL_WIDTH, static_cast<int>(view.height * factor)};
 }
 
 static void put(SDL_Surface *target, void *pixels, const SDL_Rect &place, Uint32 format)
