@@ -152,7 +152,7 @@ TEST_F(Run, TenThousandKeysAndAHundredLanguagesLeaveTheMemoryAsItWas)
     mallopt(M_MMAP_THRESHOLD, 1 << 17); // large blocks go when they are freed, so that none of them counts
     long warm = 0, stuck = 0, largest_trace = 0;
     for (int i = 0; i < 10000; i++) {
-        press_key(session, keys[random(20) % keys.size()]);
+        press_key(session, keys[random() % keys.size()]);
         warm = i == 2000 ? resident_pages() : warm;
         if (i % 100 != 99)
             continue;
