@@ -3,8 +3,9 @@
 # usage: gallery.sh TOOL DIRECTORY_OF_THE_MENU DIRECTORY_FOR_THE_DRIVER_OF_THE_BROWSER
 set -eu
 tool=$1 menu=$2 driver=$3
+# Later editions want a newer Node.js than Debian has.
 [ -d "$driver/node_modules/playwright-core" ] ||
-    npm install --no-save --no-audit --no-fund --loglevel=error --prefix "$driver" playwright-core
+    npm install --no-save --no-audit --no-fund --loglevel=error --prefix "$driver" playwright-core@1.60
 place=$(mktemp -d)
 trap 'rm -rf "$place"' EXIT
 

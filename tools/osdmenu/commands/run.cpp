@@ -87,10 +87,12 @@ static std::unique_ptr<Screen> open_screen(const RunOptions &options, const Stre
         return open_terminal(streams.out, options.graphics);
     if (options.display == "window")
         return open_window(scale);
-    try {
-        return open_window(scale);
-    } catch (const Failure &) {
-    }
+    // A desktop that can't be reached is no reason to fail while there is a terminal.
+    if (std::getenv("DISPLAY") || std::getenv("WAYLAND_DISPLAY"))
+        try {
+            return open_window(scale);
+        } catch (const Failure &) {
+        }
     if (isatty(STDIN_FILENO) && isatty(fileno(streams.out)))
         return open_terminal(streams.out, options.graphics);
     throw Failure("there is neither a desktop nor a terminal; --display none reads keys from standard input");
