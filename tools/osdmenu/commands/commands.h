@@ -9,7 +9,8 @@
 using Run = std::function<int()>;
 
 inline constexpr int STATUS_CLEAN = 0, STATUS_FINDINGS = 1, STATUS_USAGE = 2;
-inline constexpr int STATUS_UNCHECKED = 2; // of `check`: it could not judge
+inline constexpr int STATUS_UNCHECKED = 2;  // of `check`: it could not judge
+inline constexpr int STATUS_NO_DISPLAY = 3; // of `run`: there is nothing to show the menu on
 
 void add_build(CLI::App &app, Run &run);
 void add_check(CLI::App &app, Run &run);

@@ -125,10 +125,22 @@ static void write_strings(const std::string &directory, const GalleryMenu &menu)
     }
 }
 
+// A directory, which may be yet to be made, takes the page as its first one.
+static fs::path output_of(const GalleryOptions &options)
+{
+    fs::path output = options.output;
+    if (fs::is_directory(output) || !output.has_filename())
+        output /= "index.html";
+    if (output.has_parent_path())
+        fs::create_directories(output.parent_path());
+    return output;
+}
+
 // All is painted before anything is written. An earlier edition comes first, so that changes can be marked.
 static int run_gallery(const GalleryOptions &options)
 {
     Streams streams;
+    const fs::path output = output_of(options);
     std::vector<GalleryMenu> menus;
     for (const std::string &directory : options.directories)
         menus.push_back(open_menu(directory, streams.err));
@@ -145,9 +157,6 @@ static int run_gallery(const GalleryOptions &options)
     std::string earlier = before ? menu_json(*before, pictures) : "null";
     std::string page = page_with(
         json_object({{"menus", json_array(texts)}, {"before", earlier}, {"pictures", pictures_json(pictures)}}));
-    fs::path output = options.output;
-    if (fs::is_directory(output))
-        output /= "index.html";
     replace_file(output, page);
     if (!options.strings.empty())
         write_strings(options.strings, menus[0]);

@@ -23,8 +23,10 @@ static void name_directories(PlayOptions &options)
 {
     auto &[verb, references, failures, painted, made] = options.pictures;
     const std::string base = fs::path(options.script).replace_extension();
-    references = references.empty() ? base + "-pages" : references;
-    failures = failures.empty() ? base + "-failures" : failures;
+    if (references.empty())
+        references = base + "-pages";
+    if (failures.empty())
+        failures = base + "-failures";
     auto place = [](const fs::path &path) { return fs::weakly_canonical(fs::absolute(path) / ""); };
     if (place(references) == place(failures))
         throw CLI::ValidationError("--failures", "would take the place of the references");
@@ -35,9 +37,7 @@ static int run_play(const PlayOptions &options)
     Streams streams;
     Findings findings;
     const MenuDirectory menu = open_menu_directory(options.directory, findings);
-    const std::string language = options.language.empty() ? menu.language : options.language;
-    if (!menu.has_language(language))
-        throw Failure("no language " + in_quotes(language) + "; known are: " + joined(menu.languages, " "));
+    const std::string language = menu.language_to_start_in(options.language);
     if (!options.settings.empty())
         host.settings = parse_settings(read_file(options.settings).value()).value();
     host.follows_language = true;

@@ -36,6 +36,10 @@ struct RunOptions {
 
 volatile std::sig_atomic_t is_told_to_end;
 
+struct NoDisplay : Failure {
+    using Failure::Failure;
+};
+
 } // namespace
 
 static constexpr int TICK = 100;                      // milliseconds
@@ -56,16 +60,16 @@ static void end_in_order()
 // A language that was asked for by its own directory goes before the one that is remembered.
 static std::string first_language(const RunOptions &options, const MenuDirectory &menu)
 {
-    std::string wanted = options.resume.empty() ? options.language : options.resume[0];
-    if (options.resume.empty() && !wanted.empty() && !menu.has_language(wanted))
-        throw Failure("no language " + in_quotes(wanted) + "; known are: " + joined(menu.languages, " "));
+    if (!options.resume.empty())
+        return menu.has_language(options.resume[0]) ? options.resume[0] : menu.language;
     const std::vector<std::string> &codes = menu.manifest.languages;
     auto remembered = host.settings.values.find("language");
     bool is_one_language = !fs::equivalent(options.directory, menu.path.empty() ? "." : menu.path);
-    if (wanted.empty() && !is_one_language && remembered != host.settings.values.end() &&
-        static_cast<size_t>(remembered->second) < codes.size())
-        wanted = codes[static_cast<size_t>(remembered->second)];
-    return menu.has_language(wanted) ? wanted : menu.language;
+    if (options.language.empty() && !is_one_language && remembered != host.settings.values.end() &&
+        static_cast<size_t>(remembered->second) < codes.size() &&
+        menu.has_language(codes[static_cast<size_t>(remembered->second)]))
+        return codes[static_cast<size_t>(remembered->second)];
+    return menu.language_to_start_in(options.language);
 }
 
 static void start_menu(const RunOptions &options, const MenuDirectory &menu, const std::string &settings)
@@ -95,7 +99,7 @@ static std::unique_ptr<Screen> open_screen(const RunOptions &options, const Stre
         }
     if (isatty(STDIN_FILENO) && isatty(fileno(streams.out)))
         return open_terminal(streams.out, options.graphics);
-    throw Failure("there is neither a desktop nor a terminal; --display none reads keys from standard input");
+    throw NoDisplay("there is neither a desktop nor a terminal; --display none reads keys from standard input");
 }
 
 // At the chosen row before the files were new, or the nearest above it that is still there.
@@ -116,7 +120,6 @@ static void serve(Session &session, Screen &screen)
             press_key(session, key);
         pass_time(session, Clock::now());
     }
-    finish_session(session);
 }
 
 // Everything that the session held is given back when it returns. What it returns is to be resumed.
@@ -143,8 +146,16 @@ static std::vector<std::string> hold_session(const RunOptions &options)
     std::unique_ptr<Screen> screen = open_screen(options, streams);
     go_to_place(options);
     start_session(session);
-    serve(session, *screen);
-    if (session.end != SessionEnd::new_files)
+    if (session.record.is_open() && options.resume.empty())
+        session.record << "language " << host.language << std::endl;
+    try {
+        serve(session, *screen);
+    } catch (...) {
+        finish_session(session); // what fails must not cost the settings
+        throw;
+    }
+    finish_session(session);
+    if (session.end != SessionEnd::new_files || is_told_to_end)
         return {};
     std::vector<std::string> resume = place();
     resume.insert(resume.begin(), {host.language, session.shows_help_block ? "on" : "off"});
@@ -180,10 +191,15 @@ static std::vector<std::string> arguments_to_resume(const std::vector<std::strin
 
 static int run_menu(const RunOptions &options)
 {
-    std::vector<std::string> resume = hold_session(options);
-    if (!resume.empty())
-        start_anew(resume);
-    return STATUS_CLEAN;
+    try {
+        std::vector<std::string> resume = hold_session(options);
+        if (!resume.empty())
+            start_anew(resume);
+        return STATUS_CLEAN;
+    } catch (const NoDisplay &e) {
+        std::fprintf(stderr, "osdmenu: %s\n", e.what());
+        return STATUS_NO_DISPLAY;
+    }
 }
 
 void add_run(CLI::App &app, Run &run)

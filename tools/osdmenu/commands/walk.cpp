@@ -45,8 +45,7 @@ static int run_walk(const WalkOptions &options)
     Findings read;
     MenuDirectory menu = open_menu_directory(options.directory, read);
     print_report(streams.err, read, ReportFormat::text);
-    std::string language = options.language.empty() ? menu.language : options.language;
-    start_host(menu, language);
+    start_host(menu, menu.language_to_start_in(options.language));
     for (const std::string &item : options.enabled)
         show_row(item, true);
     Walk walk = walk_menu();

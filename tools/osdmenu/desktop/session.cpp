@@ -111,7 +111,7 @@ static std::string save_picture(Session &session)
 // The process starts anew for new files: it keeps its first configuration as long as it lives.
 static std::string load_again(Session &session)
 {
-    tell(session, "The new files are not sound, so the old menu stays.");
+    tell(session, "The new files are not sound, so the old menu stays."); // seen only when the next lines fail
     Findings findings;
     MenuDirectory menu = open_menu_directory(session.directory, findings);
     sound_resources(menu.directory_of(menu.has_language(host.language) ? host.language : menu.language));
@@ -136,7 +136,8 @@ const std::vector<DesktopKey> desktop_keys = {
     {"r", "R", "loads the files again", load_again},
     {"?", "?", "these keys, or not",
      [](Session &session) { return session.shows_keys = !session.shows_keys, std::string(); }},
-    {"q", "Q", "leaves", [](Session &session) { return session.end = SessionEnd::left, std::string(); }},
+    {"+", "+ -", "a larger or smaller page, in a window", [](Session &) { return std::string(); }},
+    {"q", "Q", "leaves, as Escape does in a window", [](Session &session) { return session.end = SessionEnd::left, std::string(); }},
 };
 
 const DesktopKey *desktop_key(const std::string &key)

@@ -85,7 +85,8 @@ static size_t key_length(const std::string &bytes)
 {
     if (bytes[0] != '\033' || (bytes.size() > 1 && bytes[1] != '[' && bytes[1] != 'O'))
         return 1;
-    for (size_t i = 2; i < bytes.size(); i++)
+    // Function keys of a console without a desktop have a second bracket.
+    for (size_t i = bytes.size() > 2 && bytes[2] == '[' ? 3 : 2; i < bytes.size(); i++)
         if (bytes[i] >= '@' && bytes[i] <= '~')
             return i + 1;
     return 0;
@@ -123,6 +124,7 @@ struct Terminal : Screen {
         tcsetattr(STDIN_FILENO, TCSADRAIN, &raw);
         struct sigaction action = {};
         action.sa_handler = [](int) { size_changed = 1; };
+        action.sa_flags = SA_RESTART; // or a write in its midst would be cut
         sigaction(SIGWINCH, &action, nullptr);
         std::fputs("\033[?1049h\033[?25l", out);
     }

@@ -37,7 +37,8 @@ static SDL_Point first_size(int scale)
     PixelView view = painted_view();
     double fitting = std::min((0.95 * desktop.w - PANEL_WIDTH) / view.width, 0.9 * desktop.h / view.height);
     double factor = scale ? scale : std::min(1.0, fitting);
-    return {static_cast<int>(view.width * factor) + PANEL_WIDTH, static_cast<int>(view.height * factor)};
+    return {std::min(desktop.w, static_cast<int>(view.width * factor) + PANEL_WIDTH),
+            std::min(desktop.h, static_cast<int>(view.height * factor))};
 }
 
 static void put(SDL_Surface *target, void *pixels, const SDL_Rect &place, Uint32 format)
@@ -49,13 +50,23 @@ static void put(SDL_Surface *target, void *pixels, const SDL_Rect &place, Uint32
     SDL_BlitSurface(source.get(), nullptr, target, &where);
 }
 
+// What of a picture can be seen in a place that is smaller than it.
+static Image beginning_of(const Image &image, int width, int height)
+{
+    Image part{std::min(width, image.width), std::min(height, image.height), {}};
+    for (int y = 0; y < part.height; y++)
+        part.pixels.insert(part.pixels.end(), image.row(y), image.row(y) + part.width);
+    return part;
+}
+
 // In the middle of its place; cut there where it is larger. Whole steps keep every pixel as it is.
 static void put_page(SDL_Surface *target, const Image &page, int scale, const SDL_Rect &place)
 {
     double fitting = std::min(static_cast<double>(place.w) / page.width, static_cast<double>(place.h) / page.height);
     double factor = scale ? scale : fitting;
-    Image image = scaled(page, std::max(1, static_cast<int>(page.width * factor)),
-                         std::max(1, static_cast<int>(page.height * factor)));
+    Image seen = beginning_of(page, static_cast<int>(place.w / factor) + 1, static_cast<int>(place.h / factor) + 1);
+    Image image = scaled(seen, std::max(1, static_cast<int>(seen.width * factor)),
+                         std::max(1, static_cast<int>(seen.height * factor)));
     SDL_SetClipRect(target, &place);
     put(target, image.pixels.data(),
         {std::max(0, (place.w - image.width) / 2), std::max(0, (place.h - image.height) / 2), image.width,

@@ -268,15 +268,24 @@ function save() {
   history.replaceState(null, '', '#' + address);
 }
 
+// A choice that there is none of is none.
+function restore_control(control, value) {
+  if (control.type === 'color') control.value = value || '#3a6ea5';
+  else control.value = control.options && ![...control.options].some((option) => option.value === value) ? '' : value;
+}
+
 function restore() {
   const address = new URLSearchParams(location.hash.slice(1));
   for (const control of controls.elements)
     if (control.name === 'lang') control.checked = address.getAll('lang').includes(control.value);
-    else if (control.name) control.value = address.get(control.name) || (control.type === 'color' ? '#3a6ea5' : '');
+    else if (control.name) restore_control(control, address.get(control.name) || '');
   show();
   const [menu, state, code] = (address.get('play') || '').split(' ');
-  const language = coded(menus[menu], code);
-  if (!language || !language.states[Number(state)]) return;
+  const language = coded(menus[Number(menu)], code);
+  if (!language || !language.states[Number(state)]) {
+    if (place) find('player').close();
+    return;
+  }
   const values = new Map(address.getAll('set').map((text) => [text.slice(text.indexOf(' ') + 1), parseInt(text, 10)]));
   play({menu: Number(menu), state: Number(state), code, values});
 }
@@ -363,7 +372,7 @@ function change_language(code) {
 function change_value(key) {
   const {row} = played_state();
   const values = row && played_language().values.get(row.name);
-  if (!values) return;
+  if (!values || !values.length) return;
   const set = place.values.get(row.name);
   const now = values.find(([value]) => value === set) || values[0];
   const [value] = values[now[key === LEFT ? 1 : 2]];
@@ -401,7 +410,7 @@ function start_player() {
   player.onkeydown = (event) => {
     const key = KEY_NAMES[event.key];
     const {tagName} = event.target;
-    if (key === undefined || tagName === 'SELECT' || (tagName === 'BUTTON' && event.key === 'Enter')) return;
+    if (event.altKey || event.ctrlKey || event.metaKey || key === undefined || tagName === 'SELECT' || (tagName === 'BUTTON' && event.key === 'Enter')) return;
     event.preventDefault();
     press(key);
   };

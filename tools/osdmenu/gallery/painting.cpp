@@ -65,7 +65,7 @@ static std::string value_patches(Painter &painter, const osdmenu_item *item)
     PixelView before = copied_view(pixels);
     Texts result;
     int own = current_value(item);
-    for (const WalkedValue &value : painter.values[item->name]) {
+    for (const WalkedValue &value : painter.values.at(item->name)) {
         if (value.value == own)
             continue;
         show_value(item->name, value.value);
@@ -128,8 +128,9 @@ static std::string row_json(Painter &painter, const PageRow &row)
     const osdmenu_item *item = row.item;
     bool has_value = item->item_values.type != VALUE_NONE;
     int value_x = get_osdmenu_view_valuearea_x(), widest = value_width(item, current_value(item));
-    for (const WalkedValue &value : painter.values[item->name])
-        widest = std::max(widest, value_width(item, value.value));
+    if (auto walked = painter.values.find(item->name); walked != painter.values.end())
+        for (const WalkedValue &value : walked->second)
+            widest = std::max(widest, value_width(item, value.value));
     int room = (has_value ? value_x : osdmenu_viewarea_width) - osdmenu_view_itemarea_x;
     return json_array({json_quoted(item->name), json_quoted(item->view.description),
                        json_quoted(value_text(item, current_value(item))), std::to_string(row.y),

@@ -1,7 +1,9 @@
 #include "gallery/workers.h"
 
+#include <cerrno>
 #include <cstdint>
 #include <cstdio>
+#include <cstring>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -52,11 +54,12 @@ static Parts read_parts(std::FILE *file)
 static Running start(const Job &job)
 {
     Running running{-1, std::tmpfile()};
+    if (!running.result)
+        throw Failure(job.name + ": no temporary file can be made: " + std::strerror(errno));
     std::fflush(nullptr);
-    if (running.result)
-        running.process = fork();
+    running.process = fork();
     if (running.process < 0)
-        throw Failure(job.name + ": no process can be started");
+        throw Failure(job.name + ": no process can be started: " + std::strerror(errno));
     if (running.process == 0)
         work_in_child(job, running.result);
     return running;

@@ -80,7 +80,10 @@ Image image_of_png(const std::string &png, const std::string &path)
 
 Image read_png(const std::string &path)
 {
-    return image_of_png(read_file(path).value_or(""), path);
+    std::optional<std::string> png = read_file(path);
+    if (!png)
+        throw Failure(path + ": cannot be read");
+    return image_of_png(*png, path);
 }
 
 void write_png(const std::string &path, const PixelView &view, const std::optional<Colour> &background)

@@ -39,8 +39,17 @@ bool MenuDirectory::has_language(const std::string &code) const
     return std::find(languages.begin(), languages.end(), code) != languages.end();
 }
 
+std::string MenuDirectory::language_to_start_in(const std::string &wanted) const
+{
+    if (!wanted.empty() && !has_language(wanted))
+        throw Failure("no language " + in_quotes(wanted) + "; known are: " + joined(languages, " "));
+    return wanted.empty() ? language : wanted;
+}
+
 MenuDirectory open_menu_directory(const std::string &given, Findings &findings)
 {
+    if (!fs::is_directory(given))
+        throw Failure(given + ": there is no such directory");
     MenuDirectory menu;
     fs::path path = given.ends_with('/') ? fs::path(given).parent_path() : fs::path(given);
     if (path.empty() || path.filename() == "." || path.filename() == "..")
@@ -52,7 +61,7 @@ MenuDirectory open_menu_directory(const std::string &given, Findings &findings)
         path = path.parent_path();
         below = languages_below(path.empty() ? fs::path(".") : path);
     }
-    menu.path = path.empty() ? "" : path.string() + "/";
+    menu.path = path.empty() ? "" : (path / "").string();
     menu.manifest = read_manifest(path.empty() ? "." : path.string(), findings);
     menu.languages = in_order(menu.manifest.languages, below);
     if (menu.language.empty() && menu.languages.empty())

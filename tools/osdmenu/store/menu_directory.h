@@ -15,6 +15,9 @@ struct MenuDirectory {
         return path + code + "/";
     }
     bool has_language(const std::string &code) const;
+
+    // The wanted one, or `language` for an empty text. A Failure when it isn't there.
+    std::string language_to_start_in(const std::string &wanted) const;
 };
 
 // Takes the directory of a whole menu, or that of one of its languages.

@@ -76,7 +76,8 @@ static void refuse_strangers(const fs::path &target, const std::string &shown_as
 static void remove_leftovers(const fs::path &target)
 {
     std::string start = target.filename().string() + NEW;
-    for (const fs::directory_entry &entry : fs::directory_iterator(target.parent_path())) {
+    const fs::path directory = target.has_parent_path() ? target.parent_path() : fs::path(".");
+    for (const fs::directory_entry &entry : fs::directory_iterator(directory)) {
         std::string name = entry.path().filename().string();
         int process = name.starts_with(start) ? std::atoi(name.c_str() + start.size()) : 0;
         if (process > 0 && kill(process, 0) != 0 && errno == ESRCH)
@@ -117,6 +118,7 @@ void replace_file(const std::string &path, const std::string &content)
     fs::path target = fs::exists(path) ? fs::canonical(path) : fs::path(path);
     std::string made = beside(target);
     try {
+        remove_leftovers(target);
         write_file(made, content, path);
         fs::rename(made, target);
     } catch (...) {
