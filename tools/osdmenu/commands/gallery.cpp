@@ -68,7 +68,7 @@ static void paint(GalleryMenu &menu, const GalleryMenu *before, const PaintingOp
         menu.painted[menu.directory.languages[i]] = std::move(results[i]);
 }
 
-static std::string menu_json(const GalleryMenu &menu, Pictures &pictures)
+static std::string menu_json(const GalleryMenu &menu, PictureList &pictures)
 {
     const Manifest &manifest = menu.directory.manifest;
     std::vector<std::string> languages, order, findings;
@@ -92,7 +92,7 @@ static std::string menu_json(const GalleryMenu &menu, Pictures &pictures)
                         {"languages", json_array(languages)}});
 }
 
-static std::string pictures_json(const Pictures &pictures)
+static std::string pictures_json(const PictureList &pictures)
 {
     std::vector<std::string> texts;
     for (const std::string &png : pictures.png_files) {
@@ -148,7 +148,7 @@ static int run_gallery(const GalleryOptions &options)
     ShowProgress progress = progress_on(streams.err);
     if (!options.against.empty())
         paint(before.emplace(open_menu(options.against, streams.err)), nullptr, {options.help_line}, progress);
-    Pictures pictures;
+    PictureList pictures;
     std::vector<std::string> texts;
     for (GalleryMenu &menu : menus) {
         paint(menu, before ? &*before : nullptr, {options.help_line, !options.strings.empty()}, progress);

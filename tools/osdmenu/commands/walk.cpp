@@ -36,7 +36,7 @@ static std::string count_line(const Walk &walk, const Findings &findings)
     std::string line = counted(rows.size(), "row") + " and " + counted(values, "value") + " in " +
                        counted(shortest_tour(walk).size(), "page") + " can be reached, each row in at most " +
                        counted(static_cast<size_t>(walk.states.back().presses), "press") + ": " + counts_of(findings);
-    return line + (walk.is_whole ? "" : "; the menu has more states than were walked") + "\n";
+    return line + (walk.is_whole ? "" : "; the menu has more states or values than were walked") + "\n";
 }
 
 static int run_walk(const WalkOptions &options)
@@ -51,7 +51,7 @@ static int run_walk(const WalkOptions &options)
     Walk walk = walk_menu();
     Findings findings = findings_of(walk);
     if (!options.tour.empty())
-        replace_file(options.tour, tour_script(walk));
+        replace_file(options.tour, tour_script(walk, options.enabled));
     ReportFormat format = report_formats().at(options.format);
     std::string result =
         options.reached ? reached_report(walk, format == ReportFormat::json) : report(findings, format);

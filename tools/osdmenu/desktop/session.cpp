@@ -137,7 +137,8 @@ const std::vector<DesktopKey> desktop_keys = {
     {"?", "?", "these keys, or not",
      [](Session &session) { return session.shows_keys = !session.shows_keys, std::string(); }},
     {"+", "+ -", "a larger or smaller page, in a window", [](Session &) { return std::string(); }},
-    {"q", "Q", "leaves, as Escape does in a window", [](Session &session) { return session.end = SessionEnd::left, std::string(); }},
+    {"q", "Q", "leaves, as Escape does in a window",
+     [](Session &session) { return session.end = SessionEnd::left, std::string(); }},
 };
 
 const DesktopKey *desktop_key(const std::string &key)

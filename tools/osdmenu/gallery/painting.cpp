@@ -32,7 +32,7 @@ struct Painter {
     std::set<std::string> names = {};                                // of pages
     Texts pages = {}, scenes = {}, unreached = {};
     Texts states = Texts(walk.states.size(), "[0,-1,[0,0,0,0,0,0],[],0]"); // by their place in the walk
-    Pictures pictures = {};
+    PictureList pictures = {};
     bool is_transparent = false;
 };
 

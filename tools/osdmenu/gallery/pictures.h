@@ -6,7 +6,7 @@
 #include "gallery/workers.h"
 #include "render/image.h"
 
-struct Pictures {
+struct PictureList {
     Parts png_files;
     std::map<std::string, size_t> number_of;
 

@@ -46,15 +46,12 @@ int save_config_to_flash(void)
     }
 }
 
-// Of the top list, chosen when the AI mode page was opened over it; -1 without such a page.
-static int row_below_ai_mode = -1;
-
 // The page is gone with its row: the user is back at the row from before. Called with the lock held.
 int set_aimode_show(int)
 {
-    if (row_below_ai_mode >= 0)
-        set_current_view_position(0, row_below_ai_mode);
-    row_below_ai_mode = -1;
+    if (host.row_below_ai_mode >= 0)
+        set_current_view_position(0, host.row_below_ai_mode);
+    host.row_below_ai_mode = -1;
     return 0;
 }
 
@@ -154,7 +151,7 @@ static int answer(osdmenu_item *item, int operation, int value)
 }
 
 // Runs with the menu's lock held when it comes from a key or a draw.
-static int settings_action(osdmenu_item *item, int operation, int value)
+static int settings_action(osdmenu_item *item, int operation, int value) noexcept
 {
     std::string name = item->name;
     int result = answer(item, operation, value);
@@ -298,7 +295,10 @@ static int go_back()
     return 0;
 }
 
-static constexpr struct Key {
+namespace
+{
+
+constexpr struct PressedKey {
     const char *name;
     int (*press)();
 } keys[] = {
@@ -311,9 +311,11 @@ static constexpr struct Key {
     {"menu", osdmenu_current_view_position_reset},
 };
 
+} // namespace
+
 bool press(const std::string &key)
 {
-    for (const Key &each : keys)
+    for (const PressedKey &each : keys)
         if (key == each.name) {
             each.press();
             return true;
@@ -324,7 +326,7 @@ bool press(const std::string &key)
 std::string key_names()
 {
     std::vector<std::string> names;
-    for (const Key &key : keys)
+    for (const PressedKey &key : keys)
         names.push_back(key.name);
     return joined(names, " ");
 }
@@ -387,8 +389,10 @@ void show_row(const std::string &item, bool shown)
 void open_ai_mode()
 {
     osdmenu_Mutex_Lock(__func__);
-    if (row_below_ai_mode < 0)
-        row_below_ai_mode = osdmenu_current_view_position();
+    bool is_open = osdmenu_itemname_enable("aimodeselection") == 1 && osdmenu_current_viewlevel > 0 &&
+                   osdmenu_current_view_position() == get_levels_byname("aimodeselection");
+    if (!is_open)
+        host.row_below_ai_mode = osdmenu_current_view_position();
     osdmenu_enableitem_byname("aimodeselection");
     osdmenu_enter_aimodeselection();
     osdmenu_Mutex_Unlock(__func__);

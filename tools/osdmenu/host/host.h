@@ -24,6 +24,7 @@ struct Host {
     Settings settings;
     std::string settings_path;     // where save_config_to_flash saves; empty keeps them in memory alone
     bool follows_language = false; // a change of the row "language" loads that language
+    int row_below_ai_mode = -1;    // of the top list, chosen when that page was opened; -1 where it is not open
     std::deque<HostCall> calls;    // the latest at the end
     std::string notice;            // what the person should hear: taken and cleared by whoever shows it
 };

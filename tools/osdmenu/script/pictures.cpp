@@ -79,18 +79,16 @@ std::string take_picture(Pictures &pictures, const std::string &path, const Imag
     return fault;
 }
 
-std::vector<std::string> write_made(const Pictures &pictures)
+void write_made(const Pictures &pictures, const std::function<void(const std::string &path)> &tell)
 {
-    std::vector<std::string> written;
     for (const auto &[path, png] : pictures.made) {
         const fs::path file = fs::path(pictures.references) / path;
         if (read_file(file) == png)
             continue;
         fs::create_directories(file.parent_path());
         replace_file(file, png);
-        written.push_back(file);
+        tell(file);
     }
-    return written;
 }
 
 std::vector<std::string> stale_references(const Pictures &pictures)

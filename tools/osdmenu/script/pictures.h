@@ -1,6 +1,7 @@
 // The pictures of a script, LANGUAGE/NAME.png below a directory of references, and what a run does with them.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -20,8 +21,8 @@ struct Pictures {
 // reference differs, a picture among the failures shows page, reference and difference beside each other.
 std::string take_picture(Pictures &pictures, const std::string &path, const Image &page);
 
-// Writes what was kept. The result are the files that are new or another than before.
-std::vector<std::string> write_made(const Pictures &pictures);
+// Writes what was kept, and tells each file that is new or another than before.
+void write_made(const Pictures &pictures, const std::function<void(const std::string &path)> &tell);
 
 // References in the painted languages that no picture of the run bears the name of.
 std::vector<std::string> stale_references(const Pictures &pictures);

@@ -52,18 +52,33 @@ static void expect_value(Player &player, const std::string &item, const std::str
         tell(player, "expected " + item + " to be " + expected + ", found " + value);
 }
 
-// A name stands for one picture, or a later one would take the place of its reference. Bubbles have any names.
-static void take(Player &player, std::string name, const PixelView &view)
+// Bubbles have any names.
+static std::string picture_path(std::string name)
+{
+    std::replace(name.begin(), name.end(), '/', '_');
+    return host.language + "/" + name + ".png";
+}
+
+// A name stands for one picture, or a later one would take the place of its reference.
+static void take(Player &player, const std::string &name, const PixelView &view)
 {
     Pictures &pictures = player.pictures;
-    std::replace(name.begin(), name.end(), '/', '_');
-    const std::string path = host.language + "/" + name + ".png", label = "page " + name + " (" + host.language + "): ";
+    const std::string path = picture_path(name), label = "page " + name + " (" + host.language + "): ";
     auto [earlier, is_first] = pictures.painted.try_emplace(path, player.line);
     if (!is_first)
         return tell(player, label + "line " + std::to_string(earlier->second) + " has a picture of this name");
     const std::string fault = take_picture(pictures, path, image_of(view));
     if (!fault.empty())
         tell(player, label + fault, pictures.verb == Verb::verify ? &Player::failures : &Player::differences);
+}
+
+// It may come more than once, and looks the same each time.
+static void take_bubble(Player &player, Words words)
+{
+    const std::string name = "bubble-" + words[1];
+    if (!player.pictures.painted.count(picture_path(name)))
+        take(player, name, paint_bubble(words[1]));
+    repaint();
 }
 
 static constexpr StatementForm forms[] = {
@@ -81,8 +96,7 @@ static constexpr StatementForm forms[] = {
     {"expect item ITEM", "fails unless this row is chosen", [](Player &p, Words w) { expect_item(p, w[2]); }},
     {"expect value ITEM NUMBER", "fails unless this is its setting",
      [](Player &p, Words w) { expect_value(p, w[2], w[3]); }},
-    {"bubble BUBBLE", "takes its picture as bubble-BUBBLE",
-     [](Player &p, Words w) { take(p, "bubble-" + w[1], paint_bubble(w[1])), repaint(); }},
+    {"bubble BUBBLE", "takes its picture as bubble-BUBBLE", take_bubble},
     {"page NAME", "takes a picture of the page on show", [](Player &p, Words w) { take(p, w[1], painted_view()); }},
 };
 
@@ -123,8 +137,7 @@ static void finish(const Player &player, bool is_whole)
             say(player, path, "the script has no such picture; remove the file if nothing else needs it");
     if (player.failures > 0 && !pictures.made.empty())
         return say(player, pictures.references, "nothing is written before the failures are mended");
-    for (const std::string &path : write_made(pictures))
-        say(player, path, "written");
+    write_made(pictures, [&](const std::string &path) { say(player, path, "written"); });
 }
 
 bool play(Player &player, const std::vector<Statement> &script)

@@ -121,7 +121,10 @@ std::vector<Statement> parse_script(const std::string &file, const std::string &
     const std::vector<Form> forms = known_forms();
     std::vector<Statement> statements;
     int number = 0, wrong = 0;
-    for (const std::string &line : parts_of(text, '\n')) {
+    static const std::string BYTE_ORDER_MARK = "\xEF\xBB\xBF"; // which some editors write
+    for (std::string line : parts_of(text, '\n')) {
+        if (number == 0 && line.starts_with(BYTE_ORDER_MARK))
+            line.erase(0, BYTE_ORDER_MARK.size());
         std::vector<int> columns;
         const std::vector<std::string> words = words_of(line, columns);
         number++;

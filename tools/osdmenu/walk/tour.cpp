@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <set>
 
+#include "core/walks.h"
+
 static constexpr int FAR = 1000000;         // presses: more than any way takes
 static constexpr size_t MOST_TO_ORDER = 16; // pages whose every order is weighed
 
@@ -64,15 +66,16 @@ static std::vector<size_t> nearest_first(const Table &presses)
 static std::vector<size_t> best_order(const Table &presses)
 {
     const size_t pages = presses.size(), sets = size_t{1} << pages;
+    static constexpr int UNKNOWN = 1000 * FAR;
     struct Step {
-        int presses = FAR;
+        int presses = UNKNOWN;
         uint8_t before = 0;
     };
     std::vector<Step> steps(sets * pages);
     steps[1 * pages].presses = 0;
     for (size_t set = 1; set < sets; set++)
         for (size_t last = 0; last < pages; last++)
-            for (size_t next = 0; next < pages && steps[set * pages + last].presses < FAR; next++) {
+            for (size_t next = 0; next < pages && steps[set * pages + last].presses < UNKNOWN; next++) {
                 Step &step = steps[(set | size_t{1} << next) * pages + next];
                 int sum = steps[set * pages + last].presses + presses[last][next];
                 if ((set >> next & 1) == 0 && sum < step.presses)
@@ -101,9 +104,10 @@ std::vector<size_t> shortest_tour(const Walk &walk)
         for (size_t other : states)
             row.push_back(ways.presses[other]);
     }
-    std::vector<size_t> tour;
-    for (size_t page : states.size() <= MOST_TO_ORDER ? best_order(presses) : nearest_first(presses))
-        tour.push_back(states[page]);
+    const std::vector<size_t> order = states.size() <= MOST_TO_ORDER ? best_order(presses) : nearest_first(presses);
+    std::vector<size_t> tour{states[order[0]]};
+    for (size_t at = 1; at < order.size() && presses[order[at - 1]][order[at]] < FAR; at++)
+        tour.push_back(states[order[at]]);
     return tour;
 }
 
@@ -128,11 +132,20 @@ static std::string name_of_page(const std::string &page)
     return page.empty() ? "top" : page;
 }
 
-std::string tour_script(const Walk &walk)
+// The page that the camera opens at a button of its own, where it starts hidden.
+static bool has_hidden_ai_mode_page()
+{
+    const osdmenu_item *item = item_byname("aimodeselection");
+    return item && is_disabled(item) && first_row(&item->child);
+}
+
+std::string tour_script(const Walk &walk, const std::vector<std::string> &enabled)
 {
     std::vector<size_t> tour = shortest_tour(walk);
     std::string script;
     int presses = 0;
+    for (const std::string &item : enabled)
+        script += "enable " + item + "\n";
     for (size_t at = 0; at < tour.size(); at++) {
         if (at > 0) {
             presses += ways_from(walk, tour[at - 1]).presses[tour[at]];
@@ -140,6 +153,8 @@ std::string tour_script(const Walk &walk)
         }
         script += "page " + name_of_page(walk.states[tour[at]].page) + "\n";
     }
+    if (has_hidden_ai_mode_page())
+        script += "aimode\npage aimodeselection\n";
     return "# Every page of the menu: " + std::to_string(tour.size()) + " pages, " + std::to_string(presses) +
            " presses.\n" + script;
 }

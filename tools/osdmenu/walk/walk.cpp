@@ -10,7 +10,7 @@
 #include "osd_menu_post.h"
 
 // More states than any menu for people has, and more values than anyone steps through.
-static constexpr size_t MAX_STATES = 20000, MAX_VALUES = 1000;
+static constexpr size_t MAX_STATES = 20000, MAX_VALUES = 4000;
 
 static std::vector<bool> rows_shown()
 {
@@ -76,9 +76,9 @@ namespace
 {
 
 struct Walker {
-    const WalkVisitor &visitor;
     const std::string *wanted; // item at which the walk ends, null to walk all and the values too
     Settings settings;         // as they are before each press
+    int row_below_ai_mode;     // as well
     Walk walk = {};
     std::map<MenuState, size_t> index_of = {};
 
@@ -97,34 +97,35 @@ static void set_value(const std::string &item, int value)
     osdmenu_action_ext_change_value_byname(item.c_str(), value);
 }
 
-static size_t index_of_value(std::vector<WalkedValue> &values, int value, int presses)
+// Beyond the most values the key counts as one that does nothing, and the walk is not whole.
+static size_t index_of_value(Walker &walker, std::vector<WalkedValue> &values, size_t from, int value)
 {
     auto found = std::find_if(values.begin(), values.end(), [&](const WalkedValue &one) { return one.value == value; });
-    if (found == values.end() && values.size() < MAX_VALUES)
-        found = values.insert(values.end(), {value, presses});
-    return std::min(static_cast<size_t>(found - values.begin()), values.size() - 1);
+    if (found != values.end())
+        return static_cast<size_t>(found - values.begin());
+    if (values.size() == MAX_VALUES) {
+        walker.walk.is_whole = false;
+        return from;
+    }
+    values.push_back({value, values[from].presses + 1});
+    return values.size() - 1;
 }
 
-static void walk_values(const Walker &walker, WalkedState &state, size_t index)
+static void walk_values(Walker &walker, WalkedState &state)
 {
     const osdmenu_item *item = osdmenu_current_menuitem;
     if (!item || item->item_values.type == VALUE_NONE || item->item_values.type == VALUE_RAWTXT)
         return;
     state.values.push_back({host.settings.values[state.item]});
-    auto after = [&](const WalkedValue &from, const char *key) {
-        set_value(state.item, from.value);
+    auto after = [&](size_t from, const char *key) {
+        set_value(state.item, state.values[from].value);
         press(key);
-        return index_of_value(state.values, host.settings.values[state.item], from.presses + 1);
+        return index_of_value(walker, state.values, from, host.settings.values[state.item]);
     };
-    for (size_t at = 0; at < state.values.size(); at++) {
-        const WalkedValue from = state.values[at]; // the list grows
-        state.values[at].left = after(from, "left");
-        state.values[at].right = after(from, "right");
-        if (at > 0 && walker.visitor.value) {
-            set_value(state.item, from.value);
-            repaint();
-            walker.visitor.value(state, index, from.value);
-        }
+    for (size_t at = 0; at < state.values.size(); at++) { // the list grows
+        const size_t left = after(at, "left"), right = after(at, "right");
+        state.values[at].left = left;
+        state.values[at].right = right;
     }
     host.settings = walker.settings;
     set_value(state.item, state.values[0].value);
@@ -146,12 +147,8 @@ static size_t arrive(Walker &walker, size_t from, size_t key)
     state.from = from;
     state.key = key;
     state.next.fill(found->second);
-    if (walker.visitor.state) {
-        repaint();
-        walker.visitor.state(state, found->second);
-    }
     if (!walker.wanted)
-        walk_values(walker, state, found->second);
+        walk_values(walker, state);
     states.push_back(std::move(state));
     return found->second;
 }
@@ -162,6 +159,7 @@ static void press_every_key(Walker &walker, size_t at)
         stand_at(MenuState(walker.walk.states[at].state));
         press(WALK_KEYS[key]);
         host.settings = walker.settings;
+        host.row_below_ai_mode = walker.row_below_ai_mode;
         osdmenu_draw_allitems();
         size_t next = arrive(walker, at, key);
         walker.walk.states[at].next[key] = next;
@@ -169,27 +167,27 @@ static void press_every_key(Walker &walker, size_t at)
 }
 
 // Trying is not doing: nothing is saved and no language loaded meanwhile.
-static Walk explore(const WalkVisitor &visitor, const std::string *wanted)
+static Walk explore(const std::string *wanted)
 {
     const std::string settings_path = std::exchange(host.settings_path, "");
     const bool follows_language = std::exchange(host.follows_language, false);
-    Walker walker{visitor, wanted, host.settings};
+    Walker walker{wanted, host.settings, host.row_below_ai_mode};
     osdmenu_draw_allitems();
     const MenuState start = menu_state();
     arrive(walker, 0, 0);
     size_t at = 0;
     for (; at < walker.walk.states.size() && walker.walk.states.size() < MAX_STATES && !walker.is_done(); at++)
         press_every_key(walker, at);
-    walker.walk.is_whole = at == walker.walk.states.size();
+    walker.walk.is_whole = walker.walk.is_whole && at == walker.walk.states.size();
     return_to(start);
     host.settings_path = settings_path;
     host.follows_language = follows_language;
     return std::move(walker.walk);
 }
 
-Walk walk_menu(const WalkVisitor &visitor)
+Walk walk_menu()
 {
-    return explore(visitor, nullptr);
+    return explore(nullptr);
 }
 
 std::vector<std::string> keys_to(const Walk &walk, size_t state)
@@ -203,7 +201,7 @@ std::vector<std::string> keys_to(const Walk &walk, size_t state)
 
 std::vector<std::string> keys_to_item(const std::string &item)
 {
-    Walk walk = explore({}, &item);
+    Walk walk = explore(&item);
     if (walk.states.back().item != item)
         throw Failure("no key leads to " + in_quotes(item));
     return keys_to(walk, walk.states.size() - 1);

@@ -7,7 +7,6 @@
 
 #include <array>
 #include <compare>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -49,19 +48,13 @@ struct WalkedState {
     std::vector<WalkedValue> values;           // the first is the row's own; none where the row has no value
 };
 
-// Told as each is found: the view buffer then holds the page that shows it. The state has no `next` yet.
-struct WalkVisitor {
-    std::function<void(const WalkedState &state, size_t index)> state;
-    std::function<void(const WalkedState &state, size_t index, int value)> value;
-};
-
 struct Walk {
     std::vector<WalkedState> states; // by presses; the first is where the walk began
-    bool is_whole = true;            // false when the menu has more states than anyone can walk
+    bool is_whole = true;            // false when the menu has more states or values than anyone can walk
 };
 
 // From where the menu stands, where it stands again afterwards.
-Walk walk_menu(const WalkVisitor &visitor = {});
+Walk walk_menu();
 
 // The keys that lead from the first state to this one.
 std::vector<std::string> keys_to(const Walk &walk, size_t state);

@@ -46,8 +46,7 @@ static bool is_left_by_no_key(const Walk &walk, size_t at)
 {
     const WalkedState &state = walk.states[at];
     // The last key is the step back, which leaves every page.
-    return state.values.empty() &&
-           std::all_of(state.next.begin(), state.next.end() - 1, [&](size_t next) { return next == at; });
+    return std::all_of(state.next.begin(), state.next.end() - 1, [&](size_t next) { return next == at; });
 }
 
 static const list_head *page_of(const WalkedState &state)
