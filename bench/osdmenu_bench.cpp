@@ -1,5 +1,6 @@
 // What a designer waits for: whole runs of `osdmenu build`, `walk` and `gallery` over the sample menu in ten languages,
-// beside the least that they could take, a copy of the same files. The memory is that of the largest process of each. Each round runs all of them in turn.
+// beside the least that they could take, a copy of the same files. The memory is that of the largest process of each.
+// Each round runs all of them in turn.
 #include <algorithm>
 #include <chrono>
 #include <cstdio>

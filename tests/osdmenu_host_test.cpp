@@ -41,6 +41,8 @@ TEST_F(HostCase, AnAiModeIsTakenSavedAndShownAgain)
     open_ai_mode();
     repaint();
     EXPECT_EQ(chosen(), "ai_off");
+    EXPECT_FALSE(keys_to_item("red_gain").empty()); // tried out, not done
+    repaint();
     EXPECT_EQ(play({"up", "up"}), "ai_presenter");
     EXPECT_EQ(play({"ok"}), "ptz"); // the page is left, with its row gone
     EXPECT_EQ(get_osdmenu_current_viewlevel(), 0);

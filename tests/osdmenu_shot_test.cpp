@@ -65,4 +65,6 @@ TEST_F(Shot, AWrongCallIsAnotherFailureThanAnUnknownKey)
     EXPECT_EQ(run("osdmenu shot sample/en"), 2);
     EXPECT_EQ(run("osdmenu shot sample/en -o p.png --background red"), 2);
     EXPECT_EQ(run("osdmenu shot sample/en -o p.png --keys sideways"), 1);
+    EXPECT_EQ(run("osdmenu shot sample/en -o p.png --trace /dev/full"), 1);
+    EXPECT_EQ(err, "osdmenu: /dev/full cannot be written\n");
 }

@@ -117,9 +117,33 @@ TEST_F(WalkCase, TheTourShowsEveryPageByTheFewestPresses)
     EXPECT_NE(out.find(R"("item": "d1", "presses": 4, "keys": ["up", "ok", "up", "ok"])"), out.npos) << out;
 }
 
+// More pages than are put into the best order, one shown by the host and one that the camera has a button for.
+TEST_F(WalkCase, TheTourOfALargeMenuPlaysAndShowsWhatStartsHidden)
+{
+    auto page = [](const std::string &name, const std::string &more, const std::string &rows) {
+        return "{name: " + name + ", text: P" + more + ", items: [{name: " + name + "_title, text: T}, " + rows + "]}";
+    };
+    std::string items;
+    for (const char *top : {"p", "q", "r", "s"}) {
+        std::string rows;
+        for (int row = 1; row <= 4; row++) {
+            std::string name = top + std::to_string(row);
+            rows += page(name, "", "{name: " + name + "_row, text: R}") + ", ";
+        }
+        items += "  - " + page(top, "", rows) + "\n";
+    }
+    items += "  - " + page("hidden", ", enabled: false", "{name: h1, text: R}") + "\n";
+    items += "  - " + page("aimodeselection", ", enabled: false", "{name: a1, text: R}") + "\n";
+    ASSERT_EQ(build(menu(items)), 0) << err;
+    ASSERT_EQ(run("osdmenu walk made --enable hidden --tour tour.osd; osdmenu play tour.osd made --record"), 0) << err;
+    EXPECT_NE(out.find(" 23 pages"), out.npos) << out;
+    EXPECT_NE(read(dir / "tour.osd").find(".\nenable hidden\npage top\n"), std::string::npos);
+    EXPECT_TRUE(read(dir / "tour.osd").ends_with("aimode\npage aimodeselection\n"));
+}
+
 // A page that holds the user at its second row, one that opens behind a row to choose, and a list longer than the view.
 static const std::string TRAPS = R"(
-  - {name: held, text: H, items: [{name: held_title, text: T}, {name: h1, text: X}, {name: h2, text: X}, {name: h3, text: X}]}
+  - {name: held, text: H, items: [{name: held_title, text: T}, {name: h1, text: X}, {name: h2, text: X, choices: [A, B]}, {name: h3, text: X}]}
   - {name: information, text: I, items: [{name: i_title, text: T}, {name: i1, text: X}, {name: i2, text: X, muted: true}, {name: versionmenuback, text: Y}]}
 )";
 static const std::string ANCHORS = R"({"peripheral_last_item": "h2", "information_last_item": "versionmenuback"})";

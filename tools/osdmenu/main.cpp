@@ -35,8 +35,10 @@ static int run_tool(int argc, char **argv)
     try {
         int status = run();
         // A full disk must not pass for a clean result.
-        if (std::fflush(stdout) != 0 || std::ferror(stdout) || Streams::output_failed)
-            throw Failure("standard output cannot be written");
+        if (std::fflush(stdout) != 0 || std::ferror(stdout))
+            Streams::unwritable = "standard output";
+        if (!Streams::unwritable.empty())
+            throw Failure(Streams::unwritable + " cannot be written");
         return status;
     } catch (const std::filesystem::filesystem_error &e) {
         std::fprintf(stderr, "osdmenu: %s: %s\n", printable(e.path1().string()).c_str(), e.code().message().c_str());

@@ -5,6 +5,7 @@
 
 #include "common/text.h"
 #include "core/walks.h"
+#include "host/values.h"
 
 using Lines = std::vector<PanelLine>;
 
@@ -35,38 +36,13 @@ std::vector<std::string> place()
     return names;
 }
 
-// A choice past the last is the first again, as on the page.
-static std::string choice_text(const osdmenu_item_value &value)
-{
-    std::vector<std::string> texts;
-    for (auto *choice = first_choice(&value); choice; choice = choice_after(choice, &value))
-        texts.push_back(printable(choice->u.txt.description));
-    return texts.empty() ? "" : texts[static_cast<unsigned int>(value.current) % texts.size()];
-}
-
-// As the page shows it, empty for a row without one.
-static std::string value_text(const osdmenu_item_value &value)
-{
-    switch (value.type) {
-    case VALUE_TXT:
-    case VALUE_RAWTXT:
-        return choice_text(value);
-    case VALUE_NUMBER:
-        return std::to_string(value.u.number.current);
-    case VALUE_PERCENTAGE:
-        return std::to_string(value.u.percentage.current) + "%";
-    default:
-        return "";
-    }
-}
-
-// The number that the host keeps, and what the page shows for it.
+// As the host counts it, and what the page shows for it.
 static std::string chosen_value()
 {
     const osdmenu_item *item = osdmenu_current_menuitem;
     if (!item || item->item_values.type == VALUE_NONE)
         return "no value";
-    std::string number = std::to_string(host.settings.values[item->name]), shown = value_text(item->item_values);
+    std::string number = std::to_string(current_value(item)), shown = printable(value_text(item, current_value(item)));
     return "value " + number + (shown == number ? "" : " (" + shown + ")");
 }
 
@@ -100,8 +76,8 @@ static Lines row_lines(size_t room)
         bool is_chosen = row == osdmenu_current_menuitem;
         chosen = is_chosen ? lines.size() : chosen;
         std::string text = (is_chosen ? "> " : "  ") + printable(row->view.description);
-        lines.push_back(
-            {in_cells(text, 26) + "  " + value_text(row->item_values), is_chosen ? Tone::chosen : Tone::plain});
+        std::string value = printable(value_text(row, current_value(row)));
+        lines.push_back({in_cells(text, 26) + "  " + value, is_chosen ? Tone::chosen : Tone::plain});
     }
     size_t first = std::min(lines.size(), chosen < room ? 0 : chosen + 1 - room);
     return {lines.begin() + static_cast<long>(first),

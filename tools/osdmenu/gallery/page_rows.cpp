@@ -1,9 +1,9 @@
 #include "gallery/page_rows.h"
 
-#include "core/item_value.h"
 #include "core/layout.h"
 #include "core/walks.h"
 #include "host/host.h"
+#include "host/values.h"
 #include "resources/glyph_banks.h"
 
 // As a draw does it: rows without an answer are left out, hidden ones count as scrolled past, and the first that does
@@ -32,36 +32,10 @@ std::vector<PageRow> rows_of_page(const std::string &name)
     return rows;
 }
 
-const osdmenu_item_value *choice_at(const osdmenu_item *item, int index)
-{
-    if (!has_choices(&item->item_values))
-        return nullptr;
-    auto *choice = first_choice(&item->item_values);
-    while (choice && index-- > 0)
-        choice = choice_after(choice, &item->item_values);
-    return choice;
-}
-
 void show_value(const std::string &item, int value)
 {
     host.settings.values[item] = value;
     repaint();
-}
-
-int current_value(const osdmenu_item *item)
-{
-    const osdmenu_item_value &value = item->item_values; // a percentage has the fields of a number
-    return value.type == VALUE_NUMBER || value.type == VALUE_PERCENTAGE ? value.u.number.current : value.current;
-}
-
-std::string value_text(const osdmenu_item *item, int value)
-{
-    const osdmenu_item_value *choice = choice_at(item, value);
-    if (choice && choice->u.txt.description)
-        return choice->u.txt.description;
-    if (item->item_values.type != VALUE_NUMBER && item->item_values.type != VALUE_PERCENTAGE)
-        return {};
-    return std::to_string(value) + (item->item_values.type == VALUE_PERCENTAGE ? "%" : "");
 }
 
 int value_width(const osdmenu_item *item, int value)

@@ -1,4 +1,4 @@
-// The rows of a page as the library paints them, and their values.
+// The rows of a page as the library paints them.
 #pragma once
 
 #include <string>
@@ -19,12 +19,7 @@ struct PageRow {
 // All enabled rows of an item's page, or of the top list for "". It must be the page on show.
 std::vector<PageRow> rows_of_page(const std::string &page);
 
-// Of a list of choices, null behind its end.
-const osdmenu_item_value *choice_at(const osdmenu_item *item, int index);
-
 // As if keys had led to it.
 void show_value(const std::string &item, int value);
 
-int current_value(const osdmenu_item *item);
-std::string value_text(const osdmenu_item *item, int value); // empty where the row has no value
-int value_width(const osdmenu_item *item, int value);        // pixels
+int value_width(const osdmenu_item *item, int value); // pixels

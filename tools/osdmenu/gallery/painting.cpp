@@ -11,6 +11,7 @@
 #include "gallery/page_rows.h"
 #include "gallery/pictures.h"
 #include "host/host.h"
+#include "host/values.h"
 #include "menu/configuration.h"
 #include "osd_menu_post.h"
 #include "render/png.h"

@@ -8,6 +8,7 @@
 #include "core/layout.h"
 #include "core/state.h"
 #include "core/walks.h"
+#include "host/values.h"
 #include "host_settings.h"
 #include "osd_menu_post.h"
 
@@ -53,27 +54,6 @@ int set_aimode_show(int)
         set_current_view_position(0, host.row_below_ai_mode);
     host.row_below_ai_mode = -1;
     return 0;
-}
-
-// What the resource file carries is the factory setting.
-static int value_of(const osdmenu_item *item)
-{
-    switch (item->item_values.type) {
-    case VALUE_NUMBER:
-        return item->item_values.u.number.current;
-    case VALUE_PERCENTAGE:
-        return item->item_values.u.percentage.current;
-    default:
-        return item->item_values.current;
-    }
-}
-
-static int choice_count(const osdmenu_item *item)
-{
-    int count = 0;
-    for (auto *choice = first_choice(&item->item_values); choice; choice = choice_after(choice, &item->item_values))
-        count++;
-    return count;
 }
 
 // A step past the last choice comes as a bare index: the list goes round.
@@ -135,8 +115,9 @@ static int answer(osdmenu_item *item, int operation, int value)
 {
     std::string name = item->name;
     switch (operation) {
-    case ACTION_OP_INIT: // what is remembered may come from another edition of the menu
-        remember(item, host.settings.values.try_emplace(name, value_of(item)).first->second);
+    // What the resource file carries is the factory setting; what is remembered may come from another edition of it.
+    case ACTION_OP_INIT:
+        remember(item, host.settings.values.try_emplace(name, current_value(item)).first->second);
         return 0;
     case ACTION_OP_GET:
         return host.settings.values[name];
@@ -332,14 +313,14 @@ std::string key_names()
 }
 
 // The enabled indexes that lead to an item; false when it is not there or not shown.
-static bool find_path(const list_head *page, const std::string &name, std::vector<int> &path)
+static bool find_indexes(const list_head *page, const std::string &name, std::vector<int> &path)
 {
     int enabled = 0;
     for (osdmenu_item *row = first_row(page); row; row = row_below(row, page)) {
         if (is_disabled(row))
             continue;
         path.push_back(enabled++);
-        if (name == row->name || find_path(&row->child, name, path))
+        if (name == row->name || find_indexes(&row->child, name, path))
             return true;
         path.pop_back();
     }
@@ -350,7 +331,7 @@ static bool find_path(const list_head *page, const std::string &name, std::vecto
 bool go_to(const std::string &name)
 {
     std::vector<int> path;
-    if (!find_path(&orderized_osdmenu.siblings, name, path))
+    if (!find_indexes(&orderized_osdmenu.siblings, name, path))
         return false;
     osdmenu_current_view_position_reset();
     for (size_t level = 0; level < path.size(); level++) {

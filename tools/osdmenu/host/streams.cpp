@@ -18,12 +18,11 @@ static std::FILE *own_copy(int fd)
 }
 
 // The streams lead to one open file, so the lines of both stand in the order in which they were written.
-Streams::Streams(const std::string &trace_path)
+Streams::Streams(const std::string &path) : trace_path(path.empty() ? "/dev/null" : path)
 {
-    const char *path = trace_path.empty() ? "/dev/null" : trace_path.c_str();
-    int trace = open(path, O_WRONLY | O_CREAT | O_TRUNC | O_APPEND | O_CLOEXEC, 0666);
+    int trace = open(trace_path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_APPEND | O_CLOEXEC, 0666);
     if (trace < 0)
-        throw Failure(std::string(path) + ": " + std::strerror(errno));
+        throw Failure(trace_path + ": " + std::strerror(errno));
     std::fflush(nullptr);
     out = own_copy(STDOUT_FILENO);
     err = own_copy(STDERR_FILENO);
@@ -32,12 +31,17 @@ Streams::Streams(const std::string &trace_path)
     close(trace);
 }
 
-bool Streams::output_failed = false;
+std::string Streams::unwritable;
 
 Streams::~Streams()
 {
     std::fflush(nullptr);
-    output_failed = output_failed || std::ferror(out);
+    if (std::ferror(stdout) || std::ferror(stderr))
+        unwritable = trace_path;
+    if (std::ferror(out))
+        unwritable = "standard output";
+    std::clearerr(stdout);
+    std::clearerr(stderr);
     dup2(fileno(out), STDOUT_FILENO);
     dup2(fileno(err), STDERR_FILENO);
     std::fclose(out);

@@ -19,5 +19,8 @@ class Streams
     std::FILE *out;
     std::FILE *err;
 
-    static bool output_failed; // of any `out` that has gone
+    static std::string unwritable; // what could not be written in full, of all that have gone; empty for none
+
+  private:
+    std::string trace_path;
 };

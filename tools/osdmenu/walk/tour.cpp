@@ -6,7 +6,7 @@
 
 #include "core/walks.h"
 
-static constexpr int FAR = 1000000;         // presses: more than any way takes
+static constexpr int FAR = 1000000;         // presses where there is no way: more than any takes
 static constexpr size_t MOST_TO_ORDER = 16; // pages whose every order is weighed
 
 // The state before each on the shortest way from one state.
