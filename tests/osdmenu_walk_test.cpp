@@ -167,6 +167,17 @@ TEST_F(WalkCase, TrapsAndRowsOutOfReachAreFindingsLikeThoseOfCheck)
     EXPECT_NE(out.find("\"ruleId\": \"unreachable-row\""), out.npos) << out;
 }
 
+TEST_F(WalkCase, AMenuWithoutARowIsToldOfOnceAndHasNoTour)
+{
+    ASSERT_EQ(build(menu("  - {name: a, text: A, enabled: false}\n  - {name: b, text: B, enabled: false}\n")), 0)
+        << err;
+    EXPECT_EQ(run("osdmenu walk made --tour tour.osd"), 0);
+    EXPECT_EQ(out,
+              "made/en/m.d: warning: the top list has no row chosen [dead-end]\n"
+              "0 rows and 0 values in 0 pages can be reached, each row in at most 0 presses: 0 errors, 1 warning\n");
+    EXPECT_EQ(read(dir / "tour.osd"), "# Every page of the menu: 0 pages, 0 presses.\n");
+}
+
 TEST_F(WalkCase, TheMenuSaysWhatCountsAndCheckLeavesThatToTheWalk)
 {
     const std::string says =

@@ -33,9 +33,10 @@ static std::string count_line(const Walk &walk, const Findings &findings)
     std::vector<ReachedRow> rows = reached_rows(walk);
     for (const ReachedRow &row : rows)
         values += row.values.size();
+    int presses = rows.empty() ? 0 : rows.back().presses;
     std::string line = counted(rows.size(), "row") + " and " + counted(values, "value") + " in " +
                        counted(shortest_tour(walk).size(), "page") + " can be reached, each row in at most " +
-                       counted(static_cast<size_t>(walk.states.back().presses), "press") + ": " + counts_of(findings);
+                       counted(static_cast<size_t>(presses), "press") + ": " + counts_of(findings);
     return line + (walk.is_whole ? "" : "; the menu has more states or values than were walked") + "\n";
 }
 

@@ -14,7 +14,8 @@ static constexpr Rule rules[] = {
      "The library passes over what it doesn't know and takes a value of the wrong kind for another: a column, a help "
      "block or the background is then not what the file seems to say.",
      "Write the entry as the finding says; default_color is best left out, it is added from the menu's background."},
-    {"dead-end", Severity::warning, false, true, "a row that no key leads on from, or a page without a row to choose",
+    {"dead-end", Severity::warning, false, true,
+     "a row that no key leads on from, or a top list without a row to choose",
      "UP and DOWN hold at the row and OK doesn't lead away, though the page has other rows to choose. Only the way back "
      "is left.",
      "Take the row out of the anchors of osd_menu.json, or end its name in 'menuback' so that OK goes back."},

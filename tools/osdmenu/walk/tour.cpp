@@ -97,6 +97,8 @@ static std::vector<size_t> best_order(const Table &presses)
 std::vector<size_t> shortest_tour(const Walk &walk)
 {
     const std::vector<size_t> states = first_states_of_pages(walk);
+    if (states.empty())
+        return {};
     Table presses;
     for (size_t state : states) {
         Ways ways = ways_from(walk, state);

@@ -59,14 +59,24 @@ static void find_dead_ends(const Walk &walk, Findings &findings)
 {
     for (size_t at = 0; at < walk.states.size(); at++) {
         const WalkedState &state = walk.states[at];
-        const std::string page = state.page.empty() ? "the top list" : "the page " + in_quotes(state.page);
-        if (state.item.empty())
-            add(findings, "dead-end", page + " has no row chosen after " + joined(keys_to(walk, at), " "), state.page);
-        else if (is_left_by_no_key(walk, at) && has_other_row(page_of(state), state.item))
-            add(findings, "dead-end",
-                std::string("no key leads from ").append(in_quotes(state.item)).append(" to another row of ") + page,
-                state.item);
+        if (state.item.empty() || !is_left_by_no_key(walk, at) || !has_other_row(page_of(state), state.item))
+            continue;
+        std::string text = "no key leads from " + in_quotes(state.item);
+        text += state.page.empty() ? " to another row of the top list"
+                                   : " to another row of the page " + in_quotes(state.page);
+        add(findings, "dead-end", text, state.item);
     }
+}
+
+// Only the top list can be without one: a page gives way to the page above it. The first place tells it for all.
+static void find_list_without_row(const Walk &walk, Findings &findings)
+{
+    auto lost =
+        std::find_if(walk.states.begin(), walk.states.end(), [](const auto &state) { return state.item.empty(); });
+    if (lost == walk.states.end())
+        return;
+    std::string keys = joined(keys_to(walk, static_cast<size_t>(lost - walk.states.begin())), " ");
+    add(findings, "dead-end", "the top list has no row chosen" + (keys.empty() ? "" : " after " + keys), "");
 }
 
 Findings findings_of(const Walk &walk)
@@ -77,6 +87,7 @@ Findings findings_of(const Walk &walk)
         reached.insert(state.item);
     find_rows(&orderized_osdmenu.siblings, reached, findings);
     find_dead_ends(walk, findings);
+    find_list_without_row(walk, findings);
     findings.settle(host.menu.manifest.check);
     return findings;
 }
