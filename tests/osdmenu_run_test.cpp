@@ -98,7 +98,7 @@ TEST_F(Run, NewFilesAreTakenUpAtTheSameRowOrTheNextAboveUnlessTheyAreNotSound)
     build_page();
     const std::string script = R"(
         build() { sed -i "$1" m/menu.yaml; osdmenu build m/menu.yaml -o made; }
-        is_resumed() { tr '\0' ' ' </proc/$session/cmdline | grep -q -e '--resume=on --resume=page --resume=level '; }
+        is_resumed() { tr '\0' ' ' </proc/$session/cmdline | grep -q -e '--resume=on --resume=-1 --resume=page --resume=level '; }
         echo h down ok right >&3
         until_true 'grep -q "value 4" told'
         build s/Level/Height/

@@ -169,8 +169,8 @@ TEST_F(WalkCase, TrapsAndRowsOutOfReachAreFindingsLikeThoseOfCheck)
 
 TEST_F(WalkCase, AMenuWithoutARowIsToldOfOnceAndHasNoTour)
 {
-    ASSERT_EQ(build(menu("  - {name: a, text: A, enabled: false}\n  - {name: b, text: B, enabled: false}\n")), 0)
-        << err;
+    const std::string items = "[{name: a, text: A, enabled: false}, {name: b, text: B, enabled: false}]";
+    ASSERT_EQ(build("languages: [en]\nitems: " + items + "\n"), 0) << err;
     EXPECT_EQ(run("osdmenu walk made --tour tour.osd"), 0);
     EXPECT_EQ(out,
               "made/en/m.d: warning: the top list has no row chosen [dead-end]\n"

@@ -3,7 +3,6 @@
 #include <cstdio>
 #include <exception>
 #include <filesystem>
-#include <sstream>
 
 #include "commands/commands.h"
 #include "common/text.h"
@@ -12,8 +11,7 @@
 // A failure may have several lines.
 static void tell(const std::string &failure)
 {
-    std::istringstream lines(failure);
-    for (std::string line; std::getline(lines, line);)
+    for (const std::string &line : parts_of(failure, '\n'))
         std::fprintf(stderr, "osdmenu: %s\n", printable(line).c_str());
 }
 
@@ -28,11 +26,6 @@ static int run_tool(int argc, char **argv)
         add(app, run);
     try {
         app.parse(argc, argv);
-    } catch (const CLI::ParseError &e) {
-        // Help ends the parsing too, but is no wrong call.
-        return app.exit(e) == 0 ? 0 : STATUS_USAGE;
-    }
-    try {
         int status = run();
         // A full disk must not pass for a clean result.
         if (std::fflush(stdout) != 0 || std::ferror(stdout))
@@ -40,6 +33,9 @@ static int run_tool(int argc, char **argv)
         if (!Streams::unwritable.empty())
             throw Failure(Streams::unwritable + " cannot be written");
         return status;
+    } catch (const CLI::ParseError &e) {
+        // Help ends the parsing too, but is no wrong call.
+        return app.exit(e) == 0 ? 0 : STATUS_USAGE;
     } catch (const std::filesystem::filesystem_error &e) {
         std::fprintf(stderr, "osdmenu: %s: %s\n", printable(e.path1().string()).c_str(), e.code().message().c_str());
         return STATUS_FINDINGS;

@@ -18,7 +18,7 @@
 
 namespace fs = std::filesystem;
 
-extern const std::string page_html, page_css, page_js; // gallery/page.*
+extern const std::string page_html, page_css, page_js, player_js; // files of gallery/
 
 namespace
 {
@@ -109,8 +109,10 @@ static std::string page_with(const std::string &data)
     // Without this character no text of a menu ends the element that holds the data.
     for (char c : data)
         c == '<' ? escaped.append("\\u003c") : escaped.append(1, c);
-    for (const auto &[mark, content] :
-         {std::pair("/* page.css */", &page_css), {"/* page.js */", &page_js}, {"/* data */", &escaped}})
+    for (const auto &[mark, content] : {std::pair("/* page.css */", &page_css),
+                                        {"/* page.js */", &page_js},
+                                        {"/* player.js */", &player_js},
+                                        {"/* data */", &escaped}})
         page.replace(page.find(mark), std::strlen(mark), *content);
     return page;
 }
@@ -157,11 +159,11 @@ static int run_gallery(const GalleryOptions &options)
     std::string earlier = before ? menu_json(*before, pictures) : "null";
     std::string page = page_with(
         json_object({{"menus", json_array(texts)}, {"before", earlier}, {"pictures", pictures_json(pictures)}}));
-    replace_file(output, page);
+    streams.put(output, page);
     if (!options.strings.empty())
         write_strings(options.strings, menus[0]);
-    std::fprintf(streams.out, "%s: %zu pictures, %zu bytes\n", printable(output).c_str(), pictures.png_files.size(),
-                 page.size());
+    std::fprintf(Streams::is_standard_output(output) ? streams.err : streams.out, "%s: %zu pictures, %zu bytes\n",
+                 printable(output).c_str(), pictures.png_files.size(), page.size());
     return STATUS_CLEAN;
 }
 
@@ -172,7 +174,10 @@ void add_gallery(CLI::App &app, Run &run)
     CLI::App *command = app.add_subcommand("gallery", "Paints every page of compiled menus into one web page");
     command->add_option("directories", options.directories, "Directories of compiled menus, or of single languages")
         ->required();
-    command->add_option("-o,--output", options.output, "HTML file to write, or a directory for index.html")->required();
+    command
+        ->add_option("-o,--output", options.output,
+                     "HTML file to write, or a directory for index.html; - for standard output")
+        ->required();
     command->add_option("--against", options.against, "Directory of an earlier edition, to show what changed");
     command->add_option("--strings", options.strings, "Directory for a picture of each string in each language");
     command->add_flag("--helpline", options.help_line, "End every page with the help block");

@@ -27,7 +27,11 @@ static void name_directories(PlayOptions &options)
         references = base + "-pages";
     if (failures.empty())
         failures = base + "-failures";
-    auto place = [](const fs::path &path) { return fs::weakly_canonical(fs::absolute(path) / ""); };
+    auto place = [](const fs::path &path) {
+        std::error_code fault;
+        const fs::path found = fs::weakly_canonical(fs::absolute(path) / "", fault);
+        return fault ? path : found;
+    };
     if (place(references) == place(failures))
         throw CLI::ValidationError("--failures", "would take the place of the references");
 }

@@ -11,9 +11,11 @@
 #include "common/text.h"
 #include "desktop/panel.h"
 #include "desktop/screen.h"
+#include "host/places.h"
 #include "host/streams.h"
 #include "lib_dbgout.h"
 #include "rules/report.h"
+#include "script/script.h"
 
 namespace fs = std::filesystem;
 
@@ -31,7 +33,8 @@ struct RunOptions {
     std::string trace;
     std::string record;
     int trace_level = 0;
-    std::vector<std::string> resume; // language, help block, and the names of the rows down to the chosen one
+    // Language, help block, the row below the page of AI modes, and the names of the rows down to the chosen one.
+    std::vector<std::string> resume;
 };
 
 volatile std::sig_atomic_t is_told_to_end;
@@ -102,10 +105,18 @@ static std::unique_ptr<Screen> open_screen(const RunOptions &options, const Stre
     throw NoDisplay("there is neither a desktop nor a terminal; --display none reads keys from standard input");
 }
 
+static constexpr size_t RESUMED_BEFORE_ROWS = 3;
+
 // At the chosen row before the files were new, or the nearest above it that is still there.
 static void go_to_place(const RunOptions &options)
 {
-    for (size_t i = options.resume.size(); i > 2; i--)
+    if (options.resume.size() < RESUMED_BEFORE_ROWS)
+        return;
+    if (int row = std::atoi(options.resume[2].c_str()); row >= 0 && has_ai_mode_page()) {
+        open_ai_mode();
+        host.row_below_ai_mode = row;
+    }
+    for (size_t i = options.resume.size(); i > RESUMED_BEFORE_ROWS; i--)
         if (go_to(options.resume[i - 1]))
             return;
 }
@@ -117,29 +128,44 @@ static void serve(Session &session, Screen &screen)
         if (std::exchange(session.is_changed, false) || screen.needs_paint)
             screen.show(session);
         for (const std::string &key : screen.keys(TICK))
-            press_key(session, key);
-        pass_time(session, Clock::now());
+            if (session.end == SessionEnd::none)
+                press_key(session, key);
+        if (session.end == SessionEnd::none)
+            pass_time(session, Clock::now());
     }
+    if (session.end == SessionEnd::new_files)
+        screen.show(session); // whoever waits for an answer to the last key has it
+}
+
+// A state directory that can't be written to costs the trace only.
+static std::string trace_path(const RunOptions &options, const std::string &state, Session &session)
+{
+    if (!options.trace.empty())
+        return options.trace;
+    std::error_code fault;
+    fs::create_directories(state, fault);
+    if (access(state.c_str(), W_OK) == 0)
+        return state + "/trace.log";
+    session.notices.push_back(state + " cannot be written, so there is no trace");
+    return "/dev/null";
 }
 
 // Everything that the session held is given back when it returns. What it returns is to be resumed.
 static std::vector<std::string> hold_session(const RunOptions &options)
 {
-    Findings findings;
-    MenuDirectory menu = open_menu_directory(options.directory, findings);
-    std::string state = state_directory_of(menu.path.empty() ? "." : menu.path);
-    if (options.trace.empty())
-        fs::create_directories(state);
     Session session;
+    MenuDirectory menu = open_menu_directory(options.directory, session.findings);
+    std::string state = state_directory_of(menu.path.empty() ? "." : menu.path);
     if (!options.record.empty())
         session.record.open(options.record, options.resume.empty() ? std::ios::trunc : std::ios::app);
     if (!session.record)
         throw Failure(options.record + ": " + std::strerror(errno));
     session.directory = options.directory;
-    session.trace_path = options.trace.empty() ? state + "/trace.log" : options.trace;
+    session.working_directory = fs::current_path();
+    session.trace_path = trace_path(options, state, session);
     session.shows_help_block = options.resume.size() > 1 && options.resume[1] == "on";
     Streams streams(session.trace_path);
-    print_report(streams.err, findings, ReportFormat::text);
+    print_report(streams.err, session.findings, ReportFormat::text);
     start_menu(options, menu, options.settings.empty() ? state + "/settings.json" : options.settings);
     session.backdrop = read_backdrop(options.background, painted_view().width, painted_view().height);
     end_in_order();
@@ -147,7 +173,7 @@ static std::vector<std::string> hold_session(const RunOptions &options)
     go_to_place(options);
     start_session(session);
     if (session.record.is_open() && options.resume.empty())
-        session.record << "language " << host.language << std::endl;
+        session.record << "language " << script_word(host.language) << std::endl;
     try {
         serve(session, *screen);
     } catch (...) {
@@ -158,7 +184,8 @@ static std::vector<std::string> hold_session(const RunOptions &options)
     if (session.end != SessionEnd::new_files || is_told_to_end)
         return {};
     std::vector<std::string> resume = place();
-    resume.insert(resume.begin(), {host.language, session.shows_help_block ? "on" : "off"});
+    resume.insert(resume.begin(),
+                  {host.language, session.shows_help_block ? "on" : "off", std::to_string(host.row_below_ai_mode)});
     return resume;
 }
 
@@ -193,7 +220,7 @@ static int run_menu(const RunOptions &options)
 {
     try {
         std::vector<std::string> resume = hold_session(options);
-        if (!resume.empty())
+        if (!resume.empty() && !is_told_to_end)
             start_anew(resume);
         return STATUS_CLEAN;
     } catch (const NoDisplay &e) {

@@ -9,6 +9,7 @@
 #include "common/text.h"
 #include "core/layout.h"
 #include "host/host.h"
+#include "host/places.h"
 #include "host/streams.h"
 #include "lib_dbgout.h"
 #include "osd_menu_post.h"
@@ -131,7 +132,9 @@ static int run_shot(const ShotOptions &options)
         show_row(item, true);
     for (const std::string &item : options.disabled)
         show_row(item, false);
-    write_png(options.output, picture(options), parse_colour(options.background));
+    Image image = image_of(picture(options));
+    lay_over(image, parse_colour(options.background));
+    streams.put(options.output, png_of(image));
     return 0;
 }
 
@@ -144,7 +147,7 @@ void add_shot(CLI::App &app, Run &run)
                              "#rrggbb");
     command->add_option("directory", options.directory, "Directory of a compiled menu, or of one of its languages")
         ->required();
-    command->add_option("-o,--output", options.output, "PNG file to write")->required();
+    command->add_option("-o,--output", options.output, "PNG file to write, - for standard output")->required();
     command->add_option("--keys", options.keys, "Keys parted by blanks: " + key_names());
     command->add_option("--open", options.open, "Item to go to and press OK on, before the keys");
     command->add_option("--enable", options.enabled, "Item to show")->take_all();

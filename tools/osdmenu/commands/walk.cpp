@@ -1,15 +1,16 @@
 // osdmenu walk: every state that the keys reach, what they can't reach, and the way past every page.
 
 #include <memory>
+#include <set>
 
 #include "commands/commands.h"
 #include "common/text.h"
 #include "host/host.h"
 #include "host/streams.h"
 #include "rules/report.h"
+#include "script/tour.h"
 #include "store/output.h"
 #include "walk/reached.h"
-#include "walk/tour.h"
 #include "walk/walk_rules.h"
 
 namespace
@@ -27,17 +28,22 @@ struct WalkOptions {
 
 } // namespace
 
+static constexpr char CUT_SHORT[] = "the menu has more states or values than were walked";
+
 static std::string count_line(const Walk &walk, const Findings &findings)
 {
     size_t values = 0;
+    std::set<std::string> pages;
     std::vector<ReachedRow> rows = reached_rows(walk);
-    for (const ReachedRow &row : rows)
+    for (const ReachedRow &row : rows) {
         values += row.values.size();
+        pages.insert(row.page);
+    }
     int presses = rows.empty() ? 0 : rows.back().presses;
     std::string line = counted(rows.size(), "row") + " and " + counted(values, "value") + " in " +
-                       counted(shortest_tour(walk).size(), "page") + " can be reached, each row in at most " +
+                       counted(pages.size(), "page") + " can be reached, each row in at most " +
                        counted(static_cast<size_t>(presses), "press") + ": " + counts_of(findings);
-    return line + (walk.is_whole ? "" : "; the menu has more states or values than were walked") + "\n";
+    return line + (walk.is_whole ? "" : std::string("; ") + CUT_SHORT) + "\n";
 }
 
 static int run_walk(const WalkOptions &options)
@@ -52,7 +58,7 @@ static int run_walk(const WalkOptions &options)
     Walk walk = walk_menu();
     Findings findings = findings_of(walk);
     if (!options.tour.empty())
-        replace_file(options.tour, tour_script(walk, options.enabled));
+        streams.put(options.tour, tour_script(walk, options.enabled));
     ReportFormat format = report_formats().at(options.format);
     std::string result =
         options.reached ? reached_report(walk, format == ReportFormat::json) : report(findings, format);
@@ -61,6 +67,8 @@ static int run_walk(const WalkOptions &options)
         print_report(streams.err, findings, ReportFormat::text);
     if (format == ReportFormat::text)
         std::fputs(count_line(walk, findings).c_str(), options.reached ? streams.err : streams.out);
+    else if (!walk.is_whole)
+        std::fprintf(streams.err, "osdmenu: %s\n", CUT_SHORT);
     return counts_as_failure(findings, options.strict) ? STATUS_FINDINGS : STATUS_CLEAN;
 }
 
@@ -76,7 +84,8 @@ void add_walk(CLI::App &app, Run &run)
         ->check(CLI::IsMember(report_formats()));
     command->add_flag("--reached", options->reached,
                       "Shows each row and value with the fewest presses to it, as text or json");
-    command->add_option("--tour", options->tour, "Script to write that shows every page, for osdmenu play");
+    command->add_option("--tour", options->tour,
+                        "Script to write that shows every page, for osdmenu play; - for standard output");
     command->add_flag("--strict", options->strict, "Warnings count like errors");
     command->callback([&run, options] {
         if (options->reached && options->format != "text" && options->format != "json")

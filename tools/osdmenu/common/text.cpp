@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 #include <numeric>
+#include <sstream>
 
 #include <glib.h>
 
@@ -93,6 +94,15 @@ std::string joined(const std::vector<std::string> &texts, const std::string &bet
     for (const std::string &text : texts)
         result += (result.empty() ? "" : between) + text;
     return result;
+}
+
+std::vector<std::string> parts_of(const std::string &text, char between)
+{
+    std::vector<std::string> parts;
+    std::istringstream in(text);
+    for (std::string part; std::getline(in, part, between);)
+        parts.push_back(part);
+    return parts;
 }
 
 // One row of the usual table at a time: `row[i]` is the distance to the first i letters of `to`.

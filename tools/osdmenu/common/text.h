@@ -35,6 +35,7 @@ std::optional<std::string> character_without_glyph(const std::string &text);
 std::string in_quotes(const std::string &text);
 std::string counted(size_t count, const std::string &what); // "1 row", "2 rows"
 std::string joined(const std::vector<std::string> &texts, const std::string &between);
+std::vector<std::string> parts_of(const std::string &text, char between);
 
 // The known word that takes the fewest changes of a letter, and at most so many. Null when none is that near.
 const std::string *nearest(const std::string &word, const std::vector<std::string> &known, size_t changes);

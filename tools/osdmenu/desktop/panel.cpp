@@ -5,33 +5,15 @@
 
 #include "common/text.h"
 #include "core/walks.h"
+#include "host/places.h"
 #include "host/values.h"
 
 using Lines = std::vector<PanelLine>;
 
-static bool find_path(const list_head *page, std::vector<const osdmenu_item *> &path)
-{
-    for (osdmenu_item *row = first_row(page); row; row = row_below(row, page)) {
-        path.push_back(row);
-        if (row == osdmenu_current_menuitem || find_path(&row->child, path))
-            return true;
-        path.pop_back();
-    }
-    return false;
-}
-
-static std::vector<const osdmenu_item *> path_to_chosen()
-{
-    std::vector<const osdmenu_item *> path;
-    if (osdmenu_current_menuitem)
-        find_path(&orderized_osdmenu.siblings, path);
-    return path;
-}
-
 std::vector<std::string> place()
 {
     std::vector<std::string> names;
-    for (const osdmenu_item *item : path_to_chosen())
+    for (const osdmenu_item *item : path_to(osdmenu_current_menuitem))
         names.push_back(item->name);
     return names;
 }
@@ -66,8 +48,7 @@ std::string place_line()
 // As many rows of the page as there is room for, the chosen one among them.
 static Lines row_lines(size_t room)
 {
-    std::vector<const osdmenu_item *> path = path_to_chosen();
-    const list_head *page = path.size() > 1 ? &path[path.size() - 2]->child : &orderized_osdmenu.siblings;
+    const list_head *page = rows_on(page_of(osdmenu_current_menuitem));
     Lines lines;
     size_t chosen = 0;
     for (osdmenu_item *row = first_row(page); row; row = row_below(row, page)) {
@@ -104,15 +85,24 @@ static std::vector<std::string> last_trace_lines(const std::string &path)
     return lines;
 }
 
-// The latest of them below a heading, where there is room for both.
-template <class Texts> static Lines latest(const char *heading, const Texts &texts, size_t room)
+// The latest of them below a heading, or beside it where there is little room.
+static Lines latest(const char *heading, const std::vector<std::string> &texts, size_t room)
 {
+    const std::string last = texts.empty() ? "" : printable(texts.back());
     if (room < 3)
-        return {};
+        return room == 0 ? Lines{} : Lines{{in_cells(heading, 7) + last, Tone::faint}};
     Lines lines = {{""}, {heading, Tone::heading}};
     for (size_t i = texts.size() - std::min(texts.size(), room - 2); i < texts.size(); i++)
         lines.push_back({printable(texts[i]), Tone::faint});
     return lines;
+}
+
+static std::vector<std::string> calls_to_tell(const Session &session)
+{
+    std::vector<std::string> calls{session.calls.begin(), session.calls.end()};
+    if (session.values_asked > 0)
+        calls.push_back("GET x" + std::to_string(session.values_asked));
+    return calls;
 }
 
 std::vector<PanelLine> panel_lines(const Session &session, size_t height, bool lists_rows)
@@ -125,8 +115,8 @@ std::vector<PanelLine> panel_lines(const Session &session, size_t height, bool l
     if (session.shows_keys)
         append(key_lines());
     if (lists_rows)
-        append(row_lines(room()));
-    append(latest("CALLS", session.calls, room() / 2));
+        append(row_lines(room() - std::min<size_t>(room(), 2)));
+    append(latest("CALLS", calls_to_tell(session), room() / 2));
     append(latest("TRACE", last_trace_lines(session.trace_path), room()));
     lines.resize(std::max<size_t>(height, 1) - 1);
     lines.push_back({host.language + "   ? shows the keys, Q leaves", Tone::faint});

@@ -3,22 +3,26 @@
 #include <algorithm>
 #include <filesystem>
 #include <iomanip>
-#include <sstream>
 #include <sys/stat.h>
 
 #include "common/text.h"
 #include "osd_menu_post.h"
 #include "render/png.h"
+#include "rules/report.h"
+#include "script/script.h"
 #include "store/output.h"
 
 static constexpr std::chrono::milliseconds BUBBLE_TIME(3000), SAVE_DELAY(1000), SAVE_AGAIN(30000), WATCH_INTERVAL(500);
 static constexpr size_t CALLS_KEPT = 32;
 
+// What happens again stands there already.
 static void tell(Session &session, const std::string &notice)
 {
-    std::istringstream lines(notice);
-    for (std::string line; std::getline(lines, line); session.is_changed = true)
-        session.notices.push_back(line);
+    for (const std::string &line : parts_of(notice, '\n'))
+        if (std::find(session.notices.begin(), session.notices.end(), line) == session.notices.end()) {
+            session.notices.push_back(line);
+            session.is_changed = true;
+        }
 }
 
 // What fails is told, and the session goes on.
@@ -45,17 +49,14 @@ static void record(Session &session, const std::string &statement)
 // A page asks for all its values at each paint: the count of the last paint is enough.
 static void take_calls(Session &session)
 {
-    static const std::string ASKED = "GET x";
     static const char *const operations[] = {"", "INIT", "GET", "SET", "ENTER"};
-    size_t asked = 0;
+    session.values_asked = 0;
     for (const auto &[item, operation, value] : host.calls)
         if (operation == ACTION_OP_GET)
-            asked++;
+            session.values_asked++;
         else
             session.calls.push_back(std::string(operations[operation]) + " " + item + " " + std::to_string(value));
     host.calls.clear();
-    std::erase_if(session.calls, [](const std::string &call) { return call.starts_with(ASKED); });
-    session.calls.push_back(ASKED + std::to_string(asked));
     while (session.calls.size() > CALLS_KEPT)
         session.calls.pop_front();
 }
@@ -74,7 +75,7 @@ static std::string next_language(Session &)
     const std::vector<std::string> &languages = host.menu.languages;
     auto now = std::find(languages.begin(), languages.end(), host.language);
     size_t next = static_cast<size_t>(now - languages.begin()) + 1;
-    return change_language(languages[next % languages.size()]) ? "language " + host.language : "";
+    return change_language(languages[next % languages.size()]) ? "language " + script_word(host.language) : "";
 }
 
 // Painted in place of the page, which is there again when it is shown.
@@ -86,7 +87,7 @@ static std::string next_bubble(Session &session)
     session.bubble = image_of(paint_bubble(name));
     session.bubble_end = Clock::now() + BUBBLE_TIME;
     tell(session, "Bubble " + name);
-    return "bubble " + name;
+    return "bubble " + script_word(name);
 }
 
 static std::string switch_help_block(Session &session)
@@ -108,13 +109,34 @@ static std::string save_picture(Session &session)
     return "";
 }
 
-// The process starts anew for new files: it keeps its first configuration as long as it lives.
-static std::string load_again(Session &session)
+static void save(Session &session)
 {
-    tell(session, "The new files are not sound, so the old menu stays."); // seen only when the next lines fail
+    write_settings(host.settings_path, host.settings);
+    session.saved = host.settings;
+}
+
+// A Failure tells what is wrong with them. What the old files were found with already is no reason.
+static void look_at_new_files(const Session &session)
+{
     Findings findings;
     MenuDirectory menu = open_menu_directory(session.directory, findings);
+    if (!findings.sorted().empty() && session.findings.sorted().empty())
+        throw Failure(report(findings, ReportFormat::text));
     sound_resources(menu.directory_of(menu.has_language(host.language) ? host.language : menu.language));
+}
+
+// The process starts anew for new files: it keeps its first configuration as long as it lives. A build replaces the
+// directory, which may be the one that we are in.
+static std::string load_again(Session &session)
+{
+    std::filesystem::current_path(session.working_directory);
+    if (host.settings != session.saved)
+        save(session);
+    try {
+        look_at_new_files(session);
+    } catch (const std::exception &e) {
+        throw Failure(std::string("The new files are not sound, so the old menu stays.\n") + e.what());
+    }
     session.end = SessionEnd::new_files;
     return "";
 }
@@ -187,14 +209,10 @@ static void look_for_new_files(Session &session)
 {
     std::vector<long> files = file_stamps();
     bool is_settled = files == std::exchange(session.seen_files, files);
-    if (is_settled && files != std::exchange(session.loaded_files, files))
-        attempt(session, [&] { load_again(session); });
-}
-
-static void save(Session &session)
-{
-    write_settings(host.settings_path, host.settings);
-    session.saved = host.settings;
+    if (!is_settled || files == std::exchange(session.loaded_files, files))
+        return;
+    session.notices.clear();
+    attempt(session, [&] { load_again(session); });
 }
 
 // What can't be saved is told, and tried again after a while.

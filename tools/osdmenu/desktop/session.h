@@ -10,13 +10,16 @@
 
 #include "desktop/picture.h"
 #include "host/host.h"
+#include "rules/findings.h"
 
 using Clock = std::chrono::steady_clock;
 
 enum class SessionEnd { none, left, new_files };
 
 struct Session {
-    std::string directory; // as it was given
+    std::string directory;         // as it was given
+    std::string working_directory; // that it counts from
+    Findings findings;             // of the directory as it was loaded
     std::string trace_path;
     Backdrop backdrop;
     std::ofstream record; // a script of what is done; nothing is recorded unless it is open
@@ -28,7 +31,8 @@ struct Session {
     size_t bubbles_shown = 0;
 
     std::vector<std::string> notices; // lines that stand until the next key
-    std::deque<std::string> calls;    // the latest at the end; those that ask for the values of a page are one line
+    std::deque<std::string> calls;    // the latest at the end, but for those that ask for values
+    size_t values_asked = 0;          // by the last paint
     bool is_changed = true;           // since it was last shown
     SessionEnd end = SessionEnd::none;
 

@@ -41,6 +41,8 @@ struct Words : Screen {
             return {"q"};
         if (!read_word(milliseconds))
             return {};
+        if (word.size() == 1) // letters are large in the table
+            word[0] = static_cast<char>(std::tolower(static_cast<unsigned char>(word[0])));
         if (!desktop_key(word))
             throw Failure("no key " + in_quotes(word));
         is_asked = true;

@@ -41,8 +41,13 @@ const coded = (menu, code) => menu && menu.languages.find((each) => each.code ==
 const painted_rows = (page) => page.rows.filter((row) => row.y >= 0);
 const row_text = (row) => row.text + (row.value ? ': ' + row.value : '');
 const title_of = (page) => page.path.join(' › ') || 'Top list';
+const lang_of = (code) => code.replace('_', '-');
 const tightness = (page) =>
   Math.min(...page.rows.flatMap((row) => row.freeValue === null ? [row.free] : [row.free, row.freeValue]));
+
+// What a search finds a row by: also choices that no picture shows.
+const row_words = (language, row) =>
+  [row.name, row.text, row.value, ...(language.values.get(row.name) || []).map((value) => value[3])].join('\n');
 
 // A row with the same picture at another place only moved.
 function row_changes(old, page) {
@@ -62,8 +67,7 @@ function version_of(menu, language, name) {
   const old = named(earlier && earlier.pages, name);
   const status = !before ? '' : !old ? 'new' : !page ? 'gone' : old.picture === page.picture ? 'same' : 'changed';
   const shown = page || old;
-  const texts = [title_of(shown), name, ...shown.rows.flatMap((row) =>
-    [row.name, row.text, row.value, ...(language.values.get(row.name) || []).map((value) => value[3])])];
+  const texts = [title_of(shown), name, ...shown.rows.map((row) => row_words(language, row))];
   return {menu, language, page: shown, old, status, words: texts.join('\n').toLowerCase()};
 }
 
@@ -101,9 +105,11 @@ function picture(number, className, alt) {
 function row_boxes(version) {
   const {height} = size_of(version.page.picture);
   const rows = painted_rows(version.page);
+  const ariaDisabled = String(!is_played(version));
   const buttons = rows.map((row, index) => {
     const value = row.freeValue === null ? '' : `, ${row.freeValue} px beside its value`;
-    const box = make('button', {type: 'button', tabIndex: index ? -1 : 0, onclick: () => play_from(version, row.name)},
+    const box = make('button', {type: 'button', tabIndex: index ? -1 : 0, ariaDisabled,
+      onclick: () => play_from(version, row.name)},
       make('span', {}, `${row.name} “${row_text(row)}”: ${row.free} px free${value}`));
     box.style.top = row.y / height * 100 + '%';
     box.style.height = row.height / height * 100 + '%';
@@ -118,7 +124,7 @@ function row_boxes(version) {
     buttons.forEach((box) => { box.tabIndex = box === next ? 0 : -1; });
     next.focus();
   };
-  version.boxes = rows.map((row, index) => ({box: buttons[index], words: (row.name + '\n' + row_text(row)).toLowerCase()}));
+  version.boxes = rows.map((row, index) => ({box: buttons[index], words: row_words(version.language, row).toLowerCase()}));
   mark_hits(version);
   return list;
 }
@@ -152,7 +158,7 @@ function card(version) {
   const tight = tightness(page);
   const frame = make('div', {className: 'frame'}, picture(page.picture, 'now', painted_rows(page).map(row_text).join(', ')));
   const pair = make('div', {className: 'pair ' + status}, frame);
-  const figure = make('figure', {className: status, tabIndex: -1, lang: language.code.replace('_', '-'), version},
+  const figure = make('figure', {className: status, tabIndex: -1, lang: lang_of(language.code), version},
     make('figcaption', {}, make('b', {}, language.code), make('span', {className: 'status', hidden: !status}, status),
       make('span', {className: 'sides', hidden: status !== 'changed'}, 'before, and now'),
       make('span', {className: tight < 0 ? 'tight over' : 'tight'}, tight < Infinity ? `tightest ${tight} px` : '')),
@@ -174,15 +180,18 @@ function card(version) {
 
 function page_section(page) {
   page.section = make('section', {},
-    make('h3', {}, title_of(page.versions[0].page), make('small', {}, page.name)),
+    make('h3', {}, make('span', {lang: lang_of(page.versions[0].language.code), dir: 'auto'}, title_of(page.versions[0].page)),
+      make('small', {}, page.name)),
     make('div', {className: 'versions'}, ...page.versions.map(card)));
   return page.section;
 }
 
+const first_language = (menu) => shown_languages().find((code) => coded(menu, code)) || menu.languages[0].code;
+
 function menu_section(menu, number) {
   menu.pages = pages_of(menu);
-  const start = make('button', {type: 'button', className: 'play'}, '▶ Play this menu');
-  start.onclick = () => play({menu: number, code: shown_languages()[0] || menu.languages[0].code, state: 0, values: new Map()});
+  const start = make('button', {type: 'button', className: 'play', ariaLabel: 'Play this menu: ' + menu.name}, '▶ Play this menu');
+  start.onclick = () => play({menu: number, code: first_language(menu), state: 0, values: new Map()});
   const homeless = menu.findings.filter((finding) =>
     !menu.pages.some((page) => page.versions.some((version) => findings_of({findings: [finding]}, version).length)));
   const unreached = new Set(menu.languages.flatMap((language) => language.unreached.map((path) => path.join(' › '))));
@@ -290,136 +299,6 @@ function restore() {
   play({menu: Number(menu), state: Number(state), code, values});
 }
 
-// --- The player ---
-
-const KEYS = ['up', 'down', 'left', 'right', 'ok', 'back'];
-const KEY_NAMES = {ArrowUp: 0, ArrowDown: 1, ArrowLeft: 2, ArrowRight: 3, Enter: 4, Backspace: 5};
-const [LEFT, RIGHT] = [2, 3];
-const screen_context = find('screen').getContext('2d', {willReadFrequently: true});
-const decoding = new Map();
-let drawing = 0;
-
-const played_language = () => coded(menus[place.menu], place.code);
-
-// The tool gives a state as [page, row, next, patches, scene].
-function played_state(language = played_language(), number = place.state) {
-  const [page, row, next, patches, scene] = language.states[number];
-  return {page: language.pages[page], row: language.pages[page].rows[row], next, patches, scene: language.scenes[scene]};
-}
-
-function decoded(number) {
-  if (!decoding.has(number)) {
-    const image = make('img', {src: source_of(number)});
-    decoding.set(number, image.decode().then(() => image));
-  }
-  return decoding.get(number);
-}
-
-// The page's picture, what the state changes on it, and then what each changed value does.
-function layers(language, {page, patches, scene}) {
-  const changed = [...place.values].flatMap(([item, value]) =>
-    ((scene.get(item) || []).find(([each]) => each === value) || [0, []])[1]);
-  return [[0, 0, page.picture], ...patches.concat(changed).map(([x, y, number]) => [x, y, language.pictures[number]])];
-}
-
-async function draw() {
-  const turn = ++drawing;
-  const wanted = layers(played_language(), played_state());
-  const images = await Promise.all(wanted.map(([, , number]) => decoded(number)));
-  if (turn !== drawing) return;
-  const {canvas} = screen_context;
-  [canvas.width, canvas.height] = [images[0].naturalWidth, images[0].naturalHeight];
-  images.forEach((image, index) => {
-    const [x, y] = wanted[index];
-    screen_context.clearRect(x, y, image.naturalWidth, image.naturalHeight);
-    screen_context.drawImage(image, x, y);
-  });
-  canvas.dataset.drawn = turn;
-}
-
-function say() {
-  const {page, row} = played_state();
-  const values = row && played_language().values.get(row.name);
-  const set = row && place.values.get(row.name);
-  const value = values && values.find(([each]) => each === set);
-  find('said').textContent = row ? row_text(value ? {...row, value: value[3]} : row) : title_of(page);
-  find('player-title').textContent = title_of(page);
-  find('player-language').value = place.code;
-  find('said').lang = place.code.replace('_', '-');
-}
-
-function show_place() {
-  say();
-  save();
-  draw();
-}
-
-// The same row of the same page, which another language may reach by other states.
-function change_language(code) {
-  const language = coded(menus[place.menu], code);
-  if (!language) return;
-  const {page, row} = played_state();
-  const is_same = (number) => {
-    const there = played_state(language, number);
-    return there.page.name === page.name && (there.row && there.row.name) === (row && row.name);
-  };
-  const numbers = [place.state, ...language.states.keys()].filter((number) => number < language.states.length);
-  place.state = numbers.find(is_same) || 0;
-  place.code = code;
-  place.values.delete('language'); // it shows the language that is loaded
-}
-
-function change_value(key) {
-  const {row} = played_state();
-  const values = row && played_language().values.get(row.name);
-  if (!values || !values.length) return;
-  const set = place.values.get(row.name);
-  const now = values.find(([value]) => value === set) || values[0];
-  const [value] = values[now[key === LEFT ? 1 : 2]];
-  place.values.set(row.name, value);
-  if (row.name === 'language') change_language(menus[place.menu].order[value]);
-}
-
-function press(key) {
-  const {next} = played_state();
-  if (key === LEFT || key === RIGHT) change_value(key);
-  else place.state = next[key];
-  show_place();
-}
-
-function play(at) {
-  place = at;
-  const {languages, background} = menus[place.menu];
-  find('player-language').replaceChildren(...languages.map(({code}) => make('option', {}, code)));
-  find('player').style.setProperty('--own', background);
-  if (!find('player').open) find('player').showModal();
-  find('screen').focus();
-  show_place();
-}
-
-// At a row that can be chosen, or else where the page opens. A page that is gone has no states.
-function play_from({menu, language, page}, name) {
-  const states = [...language.states.keys()].filter((state) => played_state(language, state).page.name === page.name);
-  const at_row = states.find((state) => (played_state(language, state).row || {}).name === name);
-  const state = at_row === undefined ? states[0] : at_row;
-  if (state !== undefined) play({menu: menus.indexOf(menu), code: language.code, state, values: new Map()});
-}
-
-function start_player() {
-  const player = find('player');
-  player.onkeydown = (event) => {
-    const key = KEY_NAMES[event.key];
-    const {tagName} = event.target;
-    if (event.altKey || event.ctrlKey || event.metaKey || key === undefined || tagName === 'SELECT' || (tagName === 'BUTTON' && event.key === 'Enter')) return;
-    event.preventDefault();
-    press(key);
-  };
-  KEYS.forEach((key, number) => { player.querySelector('.' + key).onclick = () => press(number); });
-  find('player-close').onclick = () => player.close();
-  player.onclose = () => { place = null; save(); };
-  find('player-language').onchange = (event) => { change_language(event.target.value); show_place(); };
-}
-
 // --- Start ---
 
 function start() {
@@ -440,8 +319,7 @@ function start() {
     save();
   };
   find('skip').onclick = (event) => { event.preventDefault(); find('main').focus(); };
+  window.onresize = show_look; // the density of pixels may be another
   window.onhashchange = restore;
   restore();
 }
-
-start();

@@ -3,6 +3,7 @@
 #include "core/layout.h"
 #include "core/walks.h"
 #include "host/host.h"
+#include "host/places.h"
 #include "host/values.h"
 #include "resources/glyph_banks.h"
 
@@ -11,8 +12,7 @@
 std::vector<PageRow> rows_of_page(const std::string &name)
 {
     std::vector<PageRow> rows;
-    const osdmenu_item *parent = item_byname(name.c_str());
-    const list_head *page = parent ? &parent->child : &orderized_osdmenu.siblings;
+    const list_head *page = rows_on(name);
     int y = osdmenu_view_itemarea_y, index = 0;
     bool is_full = false;
     for (osdmenu_item *item = first_row(page); item; item = row_below(item, page)) {

@@ -11,6 +11,7 @@
 #include "gallery/page_rows.h"
 #include "gallery/pictures.h"
 #include "host/host.h"
+#include "host/places.h"
 #include "host/values.h"
 #include "menu/configuration.h"
 #include "osd_menu_post.h"
@@ -24,20 +25,29 @@ namespace
 
 using Texts = std::vector<std::string>; // most of them JSON
 
+constexpr int NO_CHOICE = -1; // the text of a row itself
+
+// Rows, help lines and messages may bear the same names.
+struct StringKey {
+    std::string name;
+    int choice = NO_CHOICE;
+    enum Kind { row, help_line, bubble } kind = row;
+
+    auto operator<=>(const StringKey &) const = default;
+};
+
 struct Painter {
     Walk walk;
     std::map<std::string, std::string> before; // pictures of an earlier edition by page
     bool wants_strings;
-    std::map<std::string, std::vector<WalkedValue>> values = {};     // by item
-    std::map<std::pair<std::string, int>, std::string> strings = {}; // PNG files by name and choice
-    std::set<std::string> names = {};                                // of pages
+    std::map<std::string, std::vector<WalkedValue>> values = {}; // by item
+    std::map<StringKey, std::string> strings = {};               // PNG files
+    std::set<std::string> names = {};                            // of pages
     Texts pages = {}, scenes = {}, unreached = {};
     Texts states = Texts(walk.states.size(), "[0,-1,[0,0,0,0,0,0],[],0]"); // by their place in the walk
     PictureList pictures = {};
     bool is_transparent = false;
 };
-
-constexpr int NO_CHOICE = -1; // the text of a row itself
 
 } // namespace
 
@@ -149,11 +159,14 @@ static std::string marked_picture(Painter &painter, const std::string &page, con
     return std::to_string(painter.pictures.add(png_of(marked(image_of_png(before->second), image))));
 }
 
-static void add_page(Painter &painter, const std::string &name, const Texts &path, const std::string &state)
+// The result are the names of its rows, by whose order a state tells its row.
+static Texts add_page(Painter &painter, const std::string &name, const Texts &path, const std::string &state)
 {
-    Texts rows;
-    for (const PageRow &row : rows_of_page(name))
+    Texts rows, names;
+    for (const PageRow &row : rows_of_page(name)) {
         rows.push_back(row_json(painter, row));
+        names.push_back(row.item->name);
+    }
     Image image = image_of(painted_view());
     for (const Colour &pixel : image.pixels)
         painter.is_transparent |= pixel.alpha != 255;
@@ -164,12 +177,13 @@ static void add_page(Painter &painter, const std::string &name, const Texts &pat
                                          {"marked", marked_picture(painter, name, image, png)},
                                          {"state", state},
                                          {"rows", json_array(rows)}}));
+    return names;
 }
 
-static long index_of(const std::vector<PageRow> &rows, const std::string &item)
+static long index_of(const Texts &names, const std::string &item)
 {
-    auto found = std::find_if(rows.begin(), rows.end(), [&](const PageRow &row) { return item == row.item->name; });
-    return found == rows.end() ? -1 : found - rows.begin();
+    auto found = std::find(names.begin(), names.end(), item);
+    return found == names.end() ? -1 : found - names.begin();
 }
 
 static std::string state_json(size_t page, long row, const WalkedState &state, const std::string &changed, size_t scene)
@@ -185,6 +199,7 @@ static bool paint_states(Painter &painter, const std::string &name, const Texts 
 {
     std::string pixels; // of that picture
     PixelView base{};
+    Texts names;                                                // of its rows
     std::map<std::pair<int, std::vector<bool>>, size_t> scenes; // by first painted row and rows shown
     for (size_t i = 0; i < painter.walk.states.size(); i++) {
         const WalkedState &state = painter.walk.states[i];
@@ -193,28 +208,28 @@ static bool paint_states(Painter &painter, const std::string &name, const Texts 
         return_to(state.state);
         if (pixels.empty()) {
             base = copied_view(pixels);
-            add_page(painter, name, path, std::to_string(i));
+            names = add_page(painter, name, path, std::to_string(i));
         }
-        std::vector<PageRow> rows = rows_of_page(name);
         std::string changed = patches(painter, base);
         int top = state.state.tops[static_cast<size_t>(state.state.level)];
         auto [scene, is_new] = scenes.try_emplace({top, state.state.shown}, painter.scenes.size());
         if (is_new)
-            painter.scenes.push_back(scene_json(painter, rows));
+            painter.scenes.push_back(scene_json(painter, rows_of_page(name)));
         painter.states[i] =
-            state_json(painter.pages.size() - 1, index_of(rows, state.item), state, changed, scene->second);
+            state_json(painter.pages.size() - 1, index_of(names, state.item), state, changed, scene->second);
     }
     return !pixels.empty();
 }
 
-// A page behind a hidden row is opened by the camera itself, not by keys.
+// A page behind or below a hidden row is opened by the camera itself, not by keys.
 static void paint_hidden(Painter &painter, const std::string &name, const Texts &path)
 {
     MenuState before = menu_state();
-    osdmenu_enableitem_byname(name.c_str());
+    for (const osdmenu_item *row : path_to(item_byname(name.c_str())))
+        osdmenu_enableitem_byname(row->name);
     bool is_open = open_item(name);
     repaint();
-    if (is_open && osdmenu_current_menuitem && index_of(rows_of_page(name), osdmenu_current_menuitem->name) >= 0)
+    if (is_open && osdmenu_current_menuitem && page_of(osdmenu_current_menuitem) == name)
         add_page(painter, name, path, "null");
     else
         painter.unreached.push_back(json_array(path));
@@ -248,14 +263,14 @@ static std::string values_json(const Painter &painter)
 }
 
 // Messages, help lines and hidden rows stand on no page.
-static void add_alone(Painter &painter, const std::string &name, int choice, const ReadPicture &read)
+static void add_alone(Painter &painter, const StringKey &key, const ReadPicture &read)
 {
     int width = static_cast<int>(read.size.width / 2), height = static_cast<int>(read.size.height);
-    if (width == 0 || height == 0 || painter.strings.contains({name, choice}))
+    if (width == 0 || height == 0 || painter.strings.contains(key))
         return;
     Image image = image_of({read.pixels.data(), width, height, width, host.menu.manifest.display.pixel_format});
     lay_over(image, host.menu.manifest.background);
-    painter.strings[{name, choice}] = png_of(image);
+    painter.strings[key] = png_of(image);
 }
 
 // One plain part of a path, whatever the name held. The suffixes have what no such name has: none meets another.
@@ -276,16 +291,17 @@ static void add_string_files(Painter &painter, Parts &parts)
 {
     Resources resources = sound_resources(host.menu.directory_of(host.language));
     for (const ReadItem &item : resources.items) {
-        add_alone(painter, item.name, NO_CHOICE, item.picture);
+        add_alone(painter, {item.name}, item.picture);
         for (size_t i = 0; i < item.choices.size() && !host.menu.manifest.free_texts.contains(item.name); i++)
-            add_alone(painter, item.name, static_cast<int>(i), item.choices[i].picture);
+            add_alone(painter, {item.name, static_cast<int>(i)}, item.choices[i].picture);
     }
-    for (const auto *lines : {&resources.help_lines, &resources.bubbles})
-        for (const ReadLine &line : *lines)
-            add_alone(painter, line.name, NO_CHOICE, line.picture);
+    for (const ReadLine &line : resources.help_lines)
+        add_alone(painter, {line.name, NO_CHOICE, StringKey::help_line}, line.picture);
+    for (const ReadLine &line : resources.bubbles)
+        add_alone(painter, {line.name, NO_CHOICE, StringKey::bubble}, line.picture);
     std::set<std::string> taken;
     for (const auto &[key, png] : painter.strings)
-        parts.insert(parts.end(), {file_name(key.first, key.second, taken), png});
+        parts.insert(parts.end(), {file_name(key.name, key.choice, taken), png});
 }
 
 // By the page's name, of a language that was painted.

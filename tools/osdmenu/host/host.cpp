@@ -2,19 +2,19 @@
 
 #include <algorithm>
 #include <cstring>
-#include <map>
 
 #include "common/text.h"
 #include "core/layout.h"
 #include "core/state.h"
 #include "core/walks.h"
+#include "host/places.h"
 #include "host/values.h"
 #include "host_settings.h"
 #include "osd_menu_post.h"
 
 Host host;
 
-static constexpr size_t CALLS_KEPT = 64;
+static constexpr size_t CALLS_KEPT = 1024;
 
 // Also before anything was stored: the library may ask at any time.
 static int setting(const char *name)
@@ -23,14 +23,15 @@ static int setting(const char *name)
     return found == host.settings.values.end() ? 0 : found->second;
 }
 
+// Row 0 of a page is its title. Settings may come from another edition of the menu, or from an editor.
 int get_sc_smartgallery_preset(void)
 {
-    return setting("smartgallery_preset");
+    return std::clamp(setting("smartgallery_preset"), 0, std::max(0, count_on_page("smartgallery_preset") - 2));
 }
 
 int get_sc_trackingmode(void)
 {
-    return setting("trackingmode");
+    return std::clamp(setting("trackingmode"), 0, sc_trackingmode_max - 1);
 }
 
 // The library calls this with its lock held, and knows no exceptions.
@@ -69,25 +70,12 @@ static int within_limits(const osdmenu_item *item, int value)
     return std::min(std::max(value, number.lowlimit), number.highlimit);
 }
 
-// The enabled index of a row on a page, or -1.
-static int row_on_page(const char *page, const osdmenu_item *item)
-{
-    int row = 0;
-    const osdmenu_item *parent = item_byname(page);
-    for (auto *each = parent ? first_row(&parent->child) : nullptr; each; each = row_below(each, &parent->child)) {
-        if (each == item)
-            return row;
-        row += is_disabled(each) ? 0 : 1;
-    }
-    return -1;
-}
-
 // OK on a row that stands for something the camera does.
 static void enter(const osdmenu_item *item)
 {
-    if (int row = row_on_page("smartgallery_preset", item); row > 0)
+    if (int row = index_on_page("smartgallery_preset", item); row > 0)
         host.settings.values["smartgallery_preset"] = row - 1;
-    if (int row = row_on_page("aimodeselection", item); row > 0) {
+    if (int row = index_on_page(AI_MODE_PAGE, item); row > 0) {
         host.settings.values["trackingmode"] = sc_trackingmode_max - row;
         osdmenu_action_menuback();
     }
@@ -172,9 +160,10 @@ static void pretend_device_directory(const std::string &language)
     path.copy(language_string, sizeof language_string);
 }
 
-// Items come from their files without actions and run-time texts.
+// Items come from their files without actions and run-time texts. A text shows its row, which is the firmware's to say.
 static void equip_items()
 {
+    const auto marks = row_marks();
     for (const std::string &item : host.items)
         osdmenu_register_action_byname(item.c_str(), settings_action, 1);
     for (const auto &[name, text] : host.menu.manifest.free_texts) {
@@ -182,6 +171,7 @@ static void equip_items()
         const std::string &shown = remembered == host.settings.texts.end() ? text : remembered->second;
         osdmenu_action_setnewtxtvalue2menuitem_byname(name.c_str(), shown.c_str());
     }
+    restore_row_marks(marks);
 }
 
 static void take_names(const Resources &resources)
@@ -219,31 +209,16 @@ void start_host(const MenuDirectory &menu, const std::string &language)
     osdmenu_current_view_position_reset();
 }
 
-// The firmware shows and hides rows by its own state, which a change of language leaves as it is.
-static std::map<std::string, unsigned char> marks()
-{
-    std::map<std::string, unsigned char> result;
-    for (osdmenu_item *item = first_loaded(); item; item = loaded_after(item))
-        result[item->name] = item->position.levels[MENU_LEVELS - 1];
-    return result;
-}
-
-static void restore_marks(const std::map<std::string, unsigned char> &marks)
-{
-    for (osdmenu_item *item = first_loaded(); item; item = loaded_after(item))
-        if (auto found = marks.find(item->name); found != marks.end())
-            item->position.levels[MENU_LEVELS - 1] = found->second;
-}
-
 // Called with the lock held, and by the library from an action: no exception may leave it.
 static bool load_language(const std::string &language)
 {
     try {
         Resources resources = sound_resources(host.menu.directory_of(language));
-        std::map<std::string, unsigned char> kept = marks();
+        // The firmware shows and hides rows by its own state, which a change of language leaves as it is.
+        const auto marks = row_marks();
         free_all_menuitems();
         load_sound(language, resources);
-        restore_marks(kept);
+        restore_row_marks(marks);
         return true;
     } catch (const std::exception &e) {
         host.notice = e.what();
@@ -312,49 +287,6 @@ std::string key_names()
     return joined(names, " ");
 }
 
-// The enabled indexes that lead to an item; false when it is not there or not shown.
-static bool find_indexes(const list_head *page, const std::string &name, std::vector<int> &path)
-{
-    int enabled = 0;
-    for (osdmenu_item *row = first_row(page); row; row = row_below(row, page)) {
-        if (is_disabled(row))
-            continue;
-        path.push_back(enabled++);
-        if (name == row->name || find_indexes(&row->child, name, path))
-            return true;
-        path.pop_back();
-    }
-    return false;
-}
-
-// Levels are entered one by one, so that each keeps its row for the way back.
-bool go_to(const std::string &name)
-{
-    std::vector<int> path;
-    if (!find_indexes(&orderized_osdmenu.siblings, name, path))
-        return false;
-    osdmenu_current_view_position_reset();
-    for (size_t level = 0; level < path.size(); level++) {
-        set_current_view_position(static_cast<int>(level), path[level]);
-        if (level > 0)
-            osdmenu_submenu_entry();
-    }
-    return true;
-}
-
-// OK acts on the item that the last draw found, hence the repaint between the two.
-bool open_item(const std::string &name)
-{
-    if (!go_to(name))
-        return false;
-    if (name == "aimodeselection") {
-        osdmenu_enter_aimodeselection();
-        return true;
-    }
-    repaint();
-    return press("ok");
-}
-
 // A name that isn't there would be passed over in silence.
 void show_row(const std::string &item, bool shown)
 {
@@ -366,15 +298,24 @@ void show_row(const std::string &item, bool shown)
         osdmenu_disableitem_byname(item.c_str());
 }
 
-// A camera shows the page at a button of its remote control, and hides it again when it is left.
+bool has_ai_mode_page()
+{
+    return path_to(item_byname(AI_MODE_PAGE)).size() == 1 && count_on_page(AI_MODE_PAGE) > 1;
+}
+
+// A camera shows the page at a button of its remote control, and hides it again when it is left. Its modes are the rows
+// below the title.
 void open_ai_mode()
 {
+    if (!has_ai_mode_page())
+        throw Failure(std::string("the menu has no page of AI modes, ").append(in_quotes(AI_MODE_PAGE)));
     osdmenu_Mutex_Lock(__func__);
-    bool is_open = osdmenu_itemname_enable("aimodeselection") == 1 && osdmenu_current_viewlevel > 0 &&
-                   osdmenu_current_view_position() == get_levels_byname("aimodeselection");
+    bool is_open = osdmenu_itemname_enable(AI_MODE_PAGE) == 1 && osdmenu_current_viewlevel > 0 &&
+                   osdmenu_current_view_position() == get_levels_byname(AI_MODE_PAGE);
     if (!is_open)
         host.row_below_ai_mode = osdmenu_current_view_position();
-    osdmenu_enableitem_byname("aimodeselection");
+    set_sc_trackingmode_max(count_on_page(AI_MODE_PAGE) - 1);
+    osdmenu_enableitem_byname(AI_MODE_PAGE);
     osdmenu_enter_aimodeselection();
     osdmenu_Mutex_Unlock(__func__);
 }

@@ -47,16 +47,14 @@ void repaint();
 bool press(const std::string &key);
 std::string key_names(); // with blanks between
 
-// Goes to an item without a key. False when no page shows it.
-bool go_to(const std::string &item);
-
-// Goes to an item, wherever it lies, and presses OK there. False when no page shows it.
-bool open_item(const std::string &item);
-
 // As the firmware shows and hides rows. A Failure when there is no item of that name.
 void show_row(const std::string &item, bool shown);
 
-// What a camera does at buttons of its own.
+// The page of AI modes, which stands in the top list, with modes below its title.
+inline constexpr char AI_MODE_PAGE[] = "aimodeselection";
+bool has_ai_mode_page();
+
+// What a camera does at buttons of its own. A Failure when the menu has no page for the first.
 void open_ai_mode();
 void open_information();
 

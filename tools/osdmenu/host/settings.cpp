@@ -30,11 +30,13 @@ std::string state_directory_of(const std::string &menu_directory)
     return (state_home() / "osdmenu" / (menu.filename().string() + "-" + digest.text().substr(0, 8))).string();
 }
 
+// Either part may be left out by whoever writes one by hand.
 static bool take_settings(const cJSON *root, Settings &settings)
 {
     const cJSON *values = cJSON_GetObjectItemCaseSensitive(root, "values");
     const cJSON *texts = cJSON_GetObjectItemCaseSensitive(root, "texts");
-    if (!cJSON_IsObject(values) || !cJSON_IsObject(texts))
+    auto is_part = [](const cJSON *part) { return !part || cJSON_IsObject(part); };
+    if (!cJSON_IsObject(root) || !is_part(values) || !is_part(texts))
         return false;
     const cJSON *entry;
     cJSON_ArrayForEach(entry, values)
@@ -64,7 +66,7 @@ static std::string set_aside(const std::string &path)
 
 std::optional<Settings> parse_settings(const std::string &content)
 {
-    Json root(cJSON_Parse(content.c_str()));
+    Json root(cJSON_ParseWithOpts(content.c_str(), nullptr, true));
     Settings settings;
     return take_settings(root.get(), settings) ? std::optional(settings) : std::nullopt;
 }

@@ -3,10 +3,12 @@
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
+#include <set>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include "common/text.h"
+#include "store/output.h"
 
 static std::FILE *own_copy(int fd)
 {
@@ -46,6 +48,20 @@ Streams::~Streams()
     dup2(fileno(err), STDERR_FILENO);
     std::fclose(out);
     std::fclose(err);
+}
+
+bool Streams::is_standard_output(const std::string &path)
+{
+    static const std::set<std::string> NAMES = {"-", "/dev/stdout", "/dev/fd/1", "/proc/self/fd/1"};
+    return NAMES.contains(path);
+}
+
+void Streams::put(const std::string &path, const std::string &content) const
+{
+    if (is_standard_output(path))
+        std::fwrite(content.data(), 1, content.size(), out);
+    else
+        replace_file(path, content);
 }
 
 // The next line goes to the new end of a file that is written by appending.

@@ -13,6 +13,10 @@ class Streams
     Streams(const Streams &) = delete;
     Streams &operator=(const Streams &) = delete;
 
+    // Replaces a file, or writes to standard output, which "-" and its device names stand for.
+    void put(const std::string &path, const std::string &content) const;
+    static bool is_standard_output(const std::string &path);
+
     // Begins the trace file anew when it has grown past so many bytes.
     static void keep_trace_below(long limit);
 

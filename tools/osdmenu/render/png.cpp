@@ -64,6 +64,8 @@ Image image_of_png(const std::string &png, const std::string &path)
 {
     png_image head{};
     head.version = PNG_IMAGE_VERSION;
+    if (png.empty())
+        throw Failure(path + ": is empty");
     if (!png_image_begin_read_from_memory(&head, png.data(), png.size()))
         throw Failure(path + ": " + head.message);
     if (head.width > MAX_PICTURE_SIDE || head.height > MAX_PICTURE_SIDE) {

@@ -72,6 +72,10 @@ static constexpr Rule rules[] = {
     {"needless-suppression", Severity::warning, true, false, "a suppression suppresses nothing",
      "What it was written for is gone. Left standing, it would hide the next fault of its kind.",
      "Take it out of the menu file."},
+    {"no-configuration", Severity::warning, false, false, "a compiled menu has no configuration",
+     "Without conf_backup/osd_menu.json beside the languages the library knows no anchors, columns or help block: keys "
+     "and pages are then not those of the menu.",
+     "Make the directory with osdmenu build, or copy it whole."},
     {"no-manifest", Severity::warning, false, false, "a directory of resources has no menu.json",
      "The eight files don't say how large the view and the text are or what a pixel means, so the pictures of osdmenu "
      "shot rest on a guess.",

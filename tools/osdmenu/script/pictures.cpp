@@ -50,22 +50,32 @@ static Image three_panels(const Image &page, const Image &reference)
     return result;
 }
 
+// A place that can't be written to is no reason to keep the difference back.
+static std::string keep_failure(const fs::path &path, const Image &image)
+{
+    try {
+        fs::create_directories(path.parent_path());
+        replace_file(path, png_of(image));
+        return ", see " + path.string();
+    } catch (const std::exception &) {
+        return "; a picture of it cannot be written to " + path.string();
+    }
+}
+
 // What an earlier run has left among the failures is out of date in any case.
 static std::string hold(const fs::path &reference_path, const fs::path &failure_path, const Image &page)
 {
-    fs::remove(failure_path);
-    if (!fs::exists(reference_path))
-        return "there is no reference " + reference_path.string() + "; --record and --update write it";
+    std::error_code none;
+    fs::remove(failure_path, none);
+    if (!fs::exists(reference_path, none))
+        return "there is no reference " + reference_path.string() + "; --record and --update write it" +
+               keep_failure(failure_path, page);
     try {
         const Image reference = read_png(reference_path);
         const std::string difference = difference_text(page, reference);
-        if (difference.empty())
-            return "";
-        fs::create_directories(failure_path.parent_path());
-        replace_file(failure_path, png_of(three_panels(page, reference)));
-        return difference + ", see " + failure_path.string();
+        return difference.empty() ? "" : difference + keep_failure(failure_path, three_panels(page, reference));
     } catch (const Failure &e) {
-        return e.what();
+        return e.what() + keep_failure(failure_path, page);
     }
 }
 

@@ -5,14 +5,15 @@
 
 #include "common/text.h"
 #include "core/state.h"
-#include "core/walks.h"
 #include "host/host.h"
+#include "host/places.h"
 #include "script/script.h"
 #include "walk/walk.h"
 
 static void say(const Player &player, const std::string &place, const std::string &text)
 {
-    std::fprintf(player.out, "%s: %s\n", printable(place).c_str(), printable(text).c_str());
+    for (const std::string &line : parts_of(text, '\n'))
+        std::fprintf(player.out, "%s: %s\n", printable(place).c_str(), printable(line).c_str());
 }
 
 static void tell(Player &player, const std::string &text, size_t Player::*count = &Player::failures)
@@ -36,12 +37,9 @@ static void expect_item(Player &player, const std::string &item)
     const osdmenu_item *chosen = osdmenu_current_menuitem;
     if (chosen && item == chosen->name)
         return;
-    std::string found = chosen ? chosen->name : "no item", where = " in the top list";
-    for (osdmenu_item *page = first_loaded(); page; page = loaded_after(page))
-        for (osdmenu_item *row = first_row(&page->child); row; row = row_below(row, &page->child))
-            if (row == chosen)
-                where = " on the page of " + std::string(page->name);
-    tell(player, "expected item " + item + ", found " + found + where);
+    const std::string found = chosen ? chosen->name : "no item", page = page_of(chosen);
+    tell(player, "expected item " + item + ", found " + found +
+                     (page.empty() ? " in the top list" : " on the page of " + page));
 }
 
 static void expect_value(Player &player, const std::string &item, const std::string &expected)
@@ -76,7 +74,8 @@ static void take(Player &player, const std::string &name, const PixelView &view)
 static void take_bubble(Player &player, Words words)
 {
     const std::string name = "bubble-" + words[1];
-    if (!player.pictures.painted.count(picture_path(name)))
+    const auto [painted, is_first] = player.bubbles.try_emplace(picture_path(name), words[1]);
+    if (is_first || painted->second != words[1])
         take(player, name, paint_bubble(words[1]));
     repaint();
 }

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <map>
 #include <regex>
-#include <sstream>
 
 #include "common/text.h"
 #include "host/host.h"
@@ -45,15 +44,6 @@ struct Form {
 
 } // namespace
 
-static std::vector<std::string> parts_of(const std::string &text, char between)
-{
-    std::vector<std::string> parts;
-    std::istringstream in(text);
-    for (std::string part; std::getline(in, part, between);)
-        parts.push_back(part);
-    return parts;
-}
-
 static std::vector<Form> known_forms()
 {
     const std::map<std::string, Slot> kinds = {
@@ -75,15 +65,37 @@ static std::vector<Form> known_forms()
     return forms;
 }
 
+static constexpr char BLANKS[] = " \t\r";
+
+// One in double quotes ends at the quote that a blank or nothing follows.
+static size_t end_of_word(const std::string &line, size_t start)
+{
+    if (line[start] == '"')
+        for (size_t quote = line.find('"', start + 1); quote != line.npos; quote = line.find('"', quote + 1))
+            if (line.find_first_of(BLANKS, quote + 1) == quote + 1 || quote + 1 == line.size())
+                return quote + 1;
+    return std::min(line.find_first_of(BLANKS, start), line.size());
+}
+
+static std::string without_quotes(const std::string &word)
+{
+    return word.size() > 1 && word.front() == '"' && word.back() == '"' ? word.substr(1, word.size() - 2) : word;
+}
+
+std::string script_word(const std::string &word)
+{
+    bool is_plain = !word.empty() && word[0] != '#' && word[0] != '"' && word.find_first_of(BLANKS) == word.npos;
+    return is_plain ? word : std::string("\"").append(word).append("\"");
+}
+
 // A comment begins at a word, so that a # inside of one is a part of it. The last column is where the words end.
 static std::vector<std::string> words_of(const std::string &line, std::vector<int> &columns)
 {
-    static constexpr char BLANKS[] = " \t\r";
     std::vector<std::string> words;
     columns = {1};
     for (size_t at = line.find_first_not_of(BLANKS); at != line.npos && line[at] != '#';) {
-        size_t end = std::min(line.find_first_of(BLANKS, at), line.size());
-        words.push_back(line.substr(at, end - at));
+        size_t end = end_of_word(line, at);
+        words.push_back(without_quotes(line.substr(at, end - at)));
         columns.back() = static_cast<int>(at) + 1;
         columns.push_back(static_cast<int>(end) + 1);
         at = line.find_first_not_of(BLANKS, end);

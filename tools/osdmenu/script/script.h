@@ -14,7 +14,8 @@ struct Player {
     std::string script; // its path, for messages
     std::FILE *out;
     Pictures pictures;
-    int line = 0; // that is played
+    std::map<std::string, std::string> bubbles = {}; // that were painted, by the paths of their pictures
+    int line = 0;                                    // that is played
     size_t keys = 0, failures = 0, differences = 0;
     long milliseconds = 0; // virtual ones: nothing sleeps
 };
@@ -35,6 +36,9 @@ struct Statement {
 
 // Each wrong line is a finding of the rule "script", also one that names what the menu doesn't have.
 std::vector<Statement> parse_script(const std::string &file, const std::string &text, Findings &findings);
+
+// As it is written in a script: in double quotes where it would else be taken for several words or none.
+std::string script_word(const std::string &word);
 
 // Tells what is not as expected, and a summary at the end. False when something failed.
 bool play(Player &player, const std::vector<Statement> &script);

@@ -144,16 +144,18 @@ static void take_findings(const cJSON *root, std::vector<KnownFinding> &findings
 static void take_check(const cJSON *check, CheckSettings &settings)
 {
     const cJSON *entry;
-    cJSON_ArrayForEach(entry, cJSON_GetObjectItemCaseSensitive(
-                                  check, "severity")) for (Severity severity :
-                                                           SEVERITIES) if (cJSON_IsString(entry) &&
-                                                                           std::string(entry->valuestring) ==
-                                                                               severity_name(severity))
-        settings.severities.push_back({entry->string, severity});
-    cJSON_ArrayForEach(entry, cJSON_GetObjectItemCaseSensitive(check, "suppress")) if (const Rule *rule = rule_named(
-                                                                                           text_of(entry, "rule"));
-                                                                                       rule && rule->is_walked)
-        settings.suppressions.push_back({Place{}, rule->name, text_of(entry, "item"), "", ""});
+    cJSON_ArrayForEach(entry, cJSON_GetObjectItemCaseSensitive(check, "severity"))
+    {
+        for (Severity severity : SEVERITIES)
+            if (cJSON_IsString(entry) && std::string(entry->valuestring) == severity_name(severity))
+                settings.severities.push_back({entry->string, severity});
+    }
+    cJSON_ArrayForEach(entry, cJSON_GetObjectItemCaseSensitive(check, "suppress"))
+    {
+        const Rule *rule = rule_named(text_of(entry, "rule"));
+        if (rule && rule->is_walked)
+            settings.suppressions.push_back({Place{}, rule->name, text_of(entry, "item"), "", ""});
+    }
 }
 
 Manifest read_manifest(const std::string &directory, Findings &findings)

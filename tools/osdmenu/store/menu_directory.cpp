@@ -46,6 +46,15 @@ std::string MenuDirectory::language_to_start_in(const std::string &wanted) const
     return wanted.empty() ? language : wanted;
 }
 
+// The library goes on without it in silence.
+static void look_for_configuration(const std::string &menu, Findings &findings)
+{
+    const std::string path = menu + "conf_backup/osd_menu.json";
+    const std::optional<std::string> content = read_file(path);
+    if (Json root(cJSON_Parse(content.value_or("").c_str())); !cJSON_IsObject(root.get()))
+        findings.add({Place{path}, "no-configuration", content ? "is no JSON object" : "there is no such file"});
+}
+
 MenuDirectory open_menu_directory(const std::string &given, Findings &findings)
 {
     if (!fs::is_directory(given))
@@ -54,6 +63,8 @@ MenuDirectory open_menu_directory(const std::string &given, Findings &findings)
     fs::path path = given.ends_with('/') ? fs::path(given).parent_path() : fs::path(given);
     if (path.empty() || path.filename() == "." || path.filename() == "..")
         path = fs::absolute(path).lexically_normal();
+    if (!path.has_filename())
+        path = path.parent_path();
     std::vector<std::string> below = languages_below(path);
     // Without either it is taken for a language: the reader of its files then tells what is not there.
     if (below.empty() && !fs::exists(path / "menu.json")) {
@@ -68,6 +79,9 @@ MenuDirectory open_menu_directory(const std::string &given, Findings &findings)
         throw Failure(given + ": holds no language");
     if (menu.language.empty())
         menu.language = menu.languages.front();
+    else if (!menu.has_language(menu.language)) // where its neighbours may not be listed
+        menu.languages.push_back(menu.language);
+    look_for_configuration(menu.path, findings);
     return menu;
 }
 

@@ -77,11 +77,12 @@ static void remove_leftovers(const fs::path &target)
 {
     std::string start = target.filename().string() + NEW;
     const fs::path directory = target.has_parent_path() ? target.parent_path() : fs::path(".");
-    for (const fs::directory_entry &entry : fs::directory_iterator(directory)) {
+    std::error_code ignored; // one that may not be listed can be written to all the same
+    for (const fs::directory_entry &entry : fs::directory_iterator(directory, ignored)) {
         std::string name = entry.path().filename().string();
         int process = name.starts_with(start) ? std::atoi(name.c_str() + start.size()) : 0;
         if (process > 0 && kill(process, 0) != 0 && errno == ESRCH)
-            fs::remove_all(entry.path());
+            fs::remove_all(entry.path(), ignored);
     }
 }
 

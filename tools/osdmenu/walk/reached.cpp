@@ -61,5 +61,9 @@ std::string reached_report(const Walk &walk, bool as_json)
         std::string way = (row.page.empty() ? "" : printable(row.page) + " / ") + printable(row.item);
         lines.push_back(std::to_string(row.presses).append("\t").append(way).append(told_values(row)).append("\n"));
     }
-    return as_json ? json_object({{"schema", "1"}, {"reached", json_array(lines)}}) + "\n" : joined(lines, "");
+    return as_json
+               ? json_object(
+                     {{"schema", "1"}, {"whole", walk.is_whole ? "true" : "false"}, {"reached", json_array(lines)}}) +
+                     "\n"
+               : joined(lines, "");
 }

@@ -7,6 +7,7 @@
 #include "common/text.h"
 #include "core/walks.h"
 #include "host/host.h"
+#include "host/places.h"
 #include "osd_menu_post.h"
 
 // More states than any menu for people has, and more values than anyone steps through.
@@ -40,7 +41,7 @@ static void show_rows(const std::vector<bool> &shown)
     size_t index = 0;
     for (osdmenu_item *item = first_loaded(); item; item = loaded_after(item), index++)
         if (shown[index] == is_disabled(item))
-            item->position.levels[MENU_LEVELS - 1] = shown[index] ? ITEM_MARK_ENABLED : ITEM_MARK_DISABLED;
+            mark_of(item) = shown[index] ? ITEM_MARK_ENABLED : ITEM_MARK_DISABLED;
 }
 
 // The draw finds the current item and the counts on which the next key acts.
@@ -58,18 +59,6 @@ void return_to(const MenuState &state)
 {
     stand_at(state);
     repaint();
-}
-
-// The item whose page holds a row; null for the top list, and where the row is on no page below `parent`.
-static const osdmenu_item *page_with(const osdmenu_item *row, const list_head *page, const osdmenu_item *parent)
-{
-    for (const osdmenu_item *each = first_row(page); each; each = row_below(each, page)) {
-        if (each == row)
-            return parent;
-        if (const osdmenu_item *found = page_with(row, &each->child, each))
-            return found;
-    }
-    return nullptr;
 }
 
 namespace
@@ -141,8 +130,7 @@ static size_t arrive(Walker &walker, size_t from, size_t key)
     WalkedState state;
     state.state = found->first;
     state.item = osdmenu_current_menuitem ? osdmenu_current_menuitem->name : "";
-    const osdmenu_item *page = page_with(osdmenu_current_menuitem, &orderized_osdmenu.siblings, nullptr);
-    state.page = page ? page->name : "";
+    state.page = page_of(osdmenu_current_menuitem);
     state.presses = states.empty() ? 0 : states[from].presses + 1;
     state.from = from;
     state.key = key;
@@ -156,7 +144,7 @@ static size_t arrive(Walker &walker, size_t from, size_t key)
 static void press_every_key(Walker &walker, size_t at)
 {
     for (size_t key = 0; key < WALK_KEY_COUNT && !walker.is_done(); key++) {
-        stand_at(MenuState(walker.walk.states[at].state));
+        stand_at(walker.walk.states[at].state);
         press(WALK_KEYS[key]);
         host.settings = walker.settings;
         host.row_below_ai_mode = walker.row_below_ai_mode;
@@ -178,6 +166,7 @@ static Walk explore(const std::string *wanted)
     size_t at = 0;
     for (; at < walker.walk.states.size() && walker.walk.states.size() < MAX_STATES && !walker.is_done(); at++)
         press_every_key(walker, at);
+    walker.walk.pressed = at;
     walker.walk.is_whole = walker.walk.is_whole && at == walker.walk.states.size();
     return_to(start);
     host.settings_path = settings_path;

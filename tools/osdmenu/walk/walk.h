@@ -17,7 +17,7 @@ inline constexpr size_t WALK_KEY_COUNT = std::size(WALK_KEYS);
 
 struct MenuState {
     int level = 0;
-    std::array<unsigned char, MENU_LEVELS> rows{}; // enabled indexes; 0 below the level, where they mean nothing yet
+    std::array<unsigned char, MENU_LEVELS> rows{}; // enabled indexes; 1 below the level, where they mean nothing yet
     std::array<unsigned char, MENU_LEVELS> tops{}; // first painted rows
     int first_unseen = 0;                          // last_noview_itemnumber
     std::vector<bool> shown;                       // by item, in file order
@@ -50,6 +50,7 @@ struct WalkedState {
 
 struct Walk {
     std::vector<WalkedState> states; // by presses; the first is where the walk began
+    size_t pressed = 0;              // states whose keys were tried; the others lead nowhere yet
     bool is_whole = true;            // false when the menu has more states or values than anyone can walk
 };
 

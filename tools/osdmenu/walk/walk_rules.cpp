@@ -6,12 +6,14 @@
 #include "common/text.h"
 #include "core/walks.h"
 #include "host/host.h"
+#include "host/places.h"
 
-// Titles and rows that are there to be read are not to be chosen.
+// Titles and rows that are there to be read are not to be chosen, and for one the camera has a button.
 static bool is_to_be_chosen(const osdmenu_item *row)
 {
     std::string name = row->name;
-    return !is_disabled(row) && name.find("title") == name.npos && !host.menu.manifest.only_read.contains(name);
+    return !is_disabled(row) && name.find("title") == name.npos && name != AI_MODE_PAGE &&
+           !host.menu.manifest.only_read.contains(name);
 }
 
 static bool has_other_row(const list_head *page, const std::string &item)
@@ -49,17 +51,11 @@ static bool is_left_by_no_key(const Walk &walk, size_t at)
     return std::all_of(state.next.begin(), state.next.end() - 1, [&](size_t next) { return next == at; });
 }
 
-static const list_head *page_of(const WalkedState &state)
-{
-    const osdmenu_item *item = state.page.empty() ? nullptr : item_byname(state.page.c_str());
-    return item ? &item->child : &orderized_osdmenu.siblings;
-}
-
 static void find_dead_ends(const Walk &walk, Findings &findings)
 {
-    for (size_t at = 0; at < walk.states.size(); at++) {
+    for (size_t at = 0; at < walk.pressed; at++) {
         const WalkedState &state = walk.states[at];
-        if (state.item.empty() || !is_left_by_no_key(walk, at) || !has_other_row(page_of(state), state.item))
+        if (state.item.empty() || !is_left_by_no_key(walk, at) || !has_other_row(rows_on(state.page), state.item))
             continue;
         std::string text = "no key leads from " + in_quotes(state.item);
         text += state.page.empty() ? " to another row of the top list"
@@ -85,7 +81,8 @@ Findings findings_of(const Walk &walk)
     std::set<std::string> reached;
     for (const WalkedState &state : walk.states)
         reached.insert(state.item);
-    find_rows(&orderized_osdmenu.siblings, reached, findings);
+    if (walk.pressed == walk.states.size())
+        find_rows(&orderized_osdmenu.siblings, reached, findings);
     find_dead_ends(walk, findings);
     find_list_without_row(walk, findings);
     findings.settle(host.menu.manifest.check);
