@@ -9,7 +9,7 @@ const [tool, place] = process.argv.slice(2);
 const faults = [];
 
 async function open(browser, file, viewport = {width: 1300, height: 900}) {
-  const page = await browser.newPage({viewport});
+  const page = await browser.newPage({viewport, reducedMotion: 'reduce'}); // a page that still scrolls is hard to hit
   page.on('console', (message) => ['error', 'warning'].includes(message.type()) && faults.push(message.text()));
   page.on('pageerror', (error) => faults.push(String(error)));
   page.on('requestfailed', (request) => faults.push('failed: ' + request.url().slice(0, 100)));
@@ -36,6 +36,7 @@ async function pages_have_their_texts_and_are_found(page) {
   assert.equal(await page.locator('.rows .hit').count(), 1);
   await page.fill('[name=q]', 'MJPEG'); // not the choice on show
   assert.equal(await figures(page).count(), 2);
+  await page.locator('.rows .hit').nth(1).waitFor();
   await page.fill('[name=q]', '');
 }
 
@@ -128,6 +129,7 @@ async function changes_are_counted_named_and_shown(page) {
   await changed.locator('.cut').fill('20');
   assert.match(await style(old, 'clipPath'), /80%/);
   await page.selectOption('[name=compare]', 'blink');
+  await page.emulateMedia({reducedMotion: 'no-preference'});
   assert.equal(await style(old, 'animationName'), 'blink');
   await page.emulateMedia({reducedMotion: 'reduce'});
   assert.equal(await style(old, 'animationName'), 'none');
@@ -135,6 +137,12 @@ async function changes_are_counted_named_and_shown(page) {
   assert.equal(await old.isVisible(), false);
   await page.selectOption('[name=compare]', 'marked');
   assert.equal(await marked.isVisible(), true);
+}
+
+async function a_menu_plays_in_a_language_that_it_has(page) {
+  await page.check('[name=lang][value=en]');
+  await page.locator('.play').nth(1).click(); // German alone
+  assert.equal(await page.textContent('#said'), 'Kamera');
 }
 
 async function a_phone_shows_all_of_it(page) {
@@ -153,6 +161,7 @@ try {
   await order_and_zoom_stay_in_the_address(page);
   await the_menu_plays_as_the_library_paints(page);
   await changes_are_counted_named_and_shown(await open(browser, 'against.html'));
+  await a_menu_plays_in_a_language_that_it_has(await open(browser, 'two.html'));
   await a_phone_shows_all_of_it(await open(browser, 'plain.html', {width: 390, height: 844}));
   assert.deepEqual(faults, []);
 } finally {

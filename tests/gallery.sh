@@ -23,6 +23,7 @@ edition now -e '/- name: white_balance$/,/name: hue/d'
 edition before -e '/- name: image$/,/name: image_style/d' -e '/name: exposure_compensation/d' \
     -e 's/text: Backlight/text: Back light/'
 "$tool" gallery "$place/now" -o "$place/plain.html" >/dev/null
+"$tool" gallery "$place/now" "$place/now/de" -o "$place/two.html" >/dev/null
 "$tool" gallery "$place/now" --against "$place/before" -o "$place/against.html" >/dev/null
 cp "$(dirname "$0")/gallery.mjs" "$driver" # a script finds its modules from where it lies
 node "$driver/gallery.mjs" "$tool" "$place"

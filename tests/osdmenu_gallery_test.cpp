@@ -1,7 +1,9 @@
 // Compiled menus in, a web page and pictures of strings out; what the page does is tried in a browser by gallery.sh.
 #include "gallery/pictures.h"
+#include "host/host.h"
 #include "render/png.h"
 #include "support/tool.h"
+#include "walk/walk.h"
 
 // Two pages, a row with choices, one hidden, and a message.
 static const std::string rows = "  - {name: zoom, text: Zoom, choices: [Near, Far], value: Far}\n"
@@ -9,7 +11,13 @@ static const std::string rows = "  - {name: zoom, text: Zoom, choices: [Near, Fa
                                 "  - name: page\n    text: Page\n    items:\n"
                                 "      - {name: page_title, text: Page}\n"
                                 "      - {name: speed, text: Speed, number: {low: 0, high: 3, value: 2}}\n";
-static const std::string message = "bubbles:\n  - {name: saved, text: Saved}\n";
+static const std::string message = "bubbles:\n  - {name: saved, text: Saved}\n  - {name: zoom, text: Zoomed}\n";
+static const std::string hidden =
+    "  - {name: aimodeselection, text: A, items: [{name: a_title, text: T}, {name: a1, text: A}]}\n"
+    "  - name: dark\n    text: D\n    enabled: false\n    items:\n"
+    "      - {name: dark_title, text: T}\n"
+    "      - {name: deep, text: E, items: [{name: e_title, text: T}, {name: e1, text: E}]}\n"
+    "  - {name: last, text: L}\n";
 
 struct Gallery : Tool {
     size_t count(const std::string &text) const
@@ -46,6 +54,32 @@ TEST_F(Gallery, TheHelpBlockAndTheHiddenPageOfTheSampleArePainted)
     EXPECT_FALSE(read(dir / "plain.html") == read(dir / "page.html"));
 }
 
+// The page of AI modes is in the top list at first, and hidden once it was left.
+TEST_F(Gallery, EachStateOfTheWalkHasItsRowWhateverIsHidden)
+{
+    ASSERT_EQ(build(menu(rows + hidden)), 0) << err;
+    ASSERT_EQ(run("osdmenu gallery made -o page.html"), 0) << err;
+    EXPECT_EQ(count("{\"name\": \"deep\""), 1u);
+    const std::string html = read(dir / "page.html"), mark = "id=\"data\">";
+    Json data(cJSON_Parse(html.c_str() + html.find(mark) + mark.size()));
+    const cJSON *language = cJSON_GetArrayItem(
+        cJSON_GetObjectItem(cJSON_GetArrayItem(cJSON_GetObjectItem(data.get(), "menus"), 0), "languages"), 0);
+    const cJSON *painted = cJSON_GetObjectItem(language, "painted"), *state;
+    Findings findings;
+    start_host(open_menu_directory((dir / "made").string(), findings), "en");
+    const Walk walk = walk_menu();
+    size_t number = 0;
+    cJSON_ArrayForEach(state, cJSON_GetObjectItem(painted, "states"))
+    {
+        const cJSON *page =
+            cJSON_GetArrayItem(cJSON_GetObjectItem(painted, "pages"), cJSON_GetArrayItem(state, 0)->valueint);
+        const cJSON *row =
+            cJSON_GetArrayItem(cJSON_GetObjectItem(page, "rows"), cJSON_GetArrayItem(state, 1)->valueint);
+        EXPECT_EQ(walk.states[number++].item, cJSON_GetArrayItem(row, 0)->valuestring);
+    }
+    EXPECT_EQ(number, walk.states.size());
+}
+
 TEST_F(Gallery, TextsOfAMenuStayTexts)
 {
     const std::string hostile = "</script><img src=x onerror=alert(1)>";
@@ -62,7 +96,7 @@ TEST_F(Gallery, EachStringHasAPictureByItsNameOfItsPageOrAlone)
     ASSERT_EQ(run("osdmenu gallery made -o page.html --strings s; osdmenu shot made -o shot.png"), 0) << err;
     run("cd s; echo $(find . -type f | LC_ALL=C sort)");
     EXPECT_EQ(out, "./en/page.png ./en/page_title.png ./en/saved.png ./en/secret.png ./en/speed.png ./en/title.png "
-                   "./en/zoom.0.png ./en/zoom.1.png ./en/zoom.png\n");
+                   "./en/zoom.0.png ./en/zoom.1.png ./en/zoom.png ./en/zoom~2.png\n");
     auto picture = [&](const char *name) { return read_png(dir / name); };
     const Image shot = picture("shot.png"), zoom = picture("s/en/zoom.png"), nearer = picture("s/en/zoom.0.png");
     EXPECT_LT(picture("s/en/saved.png").width, 880);
@@ -87,7 +121,7 @@ TEST_F(Gallery, NamesThatMeanHarmStayInTheirDirectory)
     ASSERT_EQ(run("mkdir -p x/y/z; osdmenu gallery made -o page.html --strings x/y/z/s"), 0) << err;
     run("cd x; echo $(find . -type f | LC_ALL=C sort)");
     EXPECT_EQ(out, "./y/z/s/en/_________evil.png ./y/z/s/en/_________evil~2.png ./y/z/s/en/_etc_.png "
-                   "./y/z/s/en/title.png\n");
+                   "./y/z/s/en/title.png ./y/z/s/en/zoom.png\n");
 }
 
 TEST_F(Gallery, OnlyWhatChangedIsMarked)

@@ -106,6 +106,17 @@ TEST_F(Play, WhatIsExpectedIsToldWithWhatIsThereAndTheRunGoesOn)
     }
 }
 
+TEST_F(Play, NamesMayHoldBlanksAndNoPictureTakesThePlaceOfAnother)
+{
+    build(menu("  - {name: my row, text: A}\n  - {name: '#2', text: B}\n",
+               "bubbles: [{name: a/b, text: X}, {name: a_b, text: Y}]\n"));
+    EXPECT_EQ(play("expect item \"my row\"\ngoto \"#2\"\npage \"a page\"\nbubble a/b\nbubble a/b\nbubble a_b\n"), 1);
+    EXPECT_EQ(out, "a.osd:6: page bubble-a_b (en): line 4 has a picture of this name\n"
+                   "1 key, 2 pages, 0 s of virtual time: 1 failure\n");
+    EXPECT_EQ(play("aimode\n"), 1);
+    EXPECT_TRUE(tells("a.osd:1: aimode: the menu has no page of AI modes")) << out;
+}
+
 static const std::string tour = "goto sound\nexpect item sound\npage rows #1\nlanguage de\npage rows\nbubble saved\n";
 
 TEST_F(Play, AChangedTextIsFoundAtItsFirstPixelAndShownBesideItsReference)
@@ -129,6 +140,8 @@ TEST_F(Play, AChangedTextIsFoundAtItsFirstPixelAndShownBesideItsReference)
     EXPECT_TRUE(shown.row(y)[x] == *is && shown.row(y)[second + x] == *was);
     EXPECT_EQ(colour_text(shown.row(y)[2 * second + x]), "#ff0040");
     EXPECT_NE(colour_text(shown.row(0)[2 * second]), "#ff0040");
+    EXPECT_EQ(play(tour, "--verify --failures a.osd"), 1); // which is no directory
+    EXPECT_TRUE(tells(": pixel " + place + " is ") && tells("cannot be written to a.osd/en/rows.png")) << out;
 }
 
 TEST_F(Play, CompareNeverFailsAndUpdateRenewsWhatDiffersAndLosesNothing)

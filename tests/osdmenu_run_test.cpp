@@ -31,8 +31,9 @@ struct Run : Tool {
 
 // Runs a session in the background: keys go in by descriptor 3, what they led to comes out in `told`.
 static const std::string background =
-    "until_true() { n=0; until eval \"$1\"; do n=$((n + 1)); [ $n -lt 1200 ] || exit 9; sleep 0.05; done; }; "
-    "mkfifo keys; " OSDMENU_TOOL " run made --display none <keys >told 2>notes & session=$!; exec 3>keys; ";
+    "start() { mkfifo keys; (cd $1; exec " OSDMENU_TOOL
+    " run . --display none) <keys >told 2>notes & session=$!; exec 3>keys; }; "
+    "until_true() { n=0; until eval \"$1\"; do n=$((n + 1)); [ $n -lt 1200 ] || exit 9; sleep 0.05; done; }; ";
 
 TEST_F(Run, EachKeyTellsWhereItLedAndSettingsAreThereAgainUnlessDamaged)
 {
@@ -47,11 +48,12 @@ TEST_F(Run, EachKeyTellsWhereItLedAndSettingsAreThereAgainUnlessDamaged)
     EXPECT_NE(out.find("level  level 1  position 2 1 1 1  value 4\n"), std::string::npos) << out;
     run("echo 'down ok' | osdmenu run made --display none --settings s/other.json");
     EXPECT_NE(out.find("value 3"), std::string::npos) << out;
-    EXPECT_EQ(run(background + "echo 'down ok left' >&3; until_true 'grep -q \"value 3\" told'; kill -TERM $session; "
-                               "wait $session && cat state/osdmenu/made-*/settings.json"),
+    EXPECT_EQ(run(background +
+                  "start made; echo 'down ok left' >&3; until_true 'grep -q \"value 3\" told'; kill -TERM $session; "
+                  "wait $session && cat state/osdmenu/made-*/settings.json"),
               0);
     EXPECT_NE(out.find("\"level\":\t3"), std::string::npos) << out;
-    write("s.json", "{\"values\": {\"level\": 8}, \"texts\":");
+    write("s.json", "{\"values\": {\"level\": 8}} and more");
     run("echo 'down ok right' | osdmenu run made --display none --settings s.json");
     EXPECT_NE(err.find("s.json is damaged; it is now s.json.damaged"), std::string::npos) << err;
     EXPECT_NE(read(dir / "s.json").find("\"level\":\t4"), std::string::npos);
@@ -99,6 +101,7 @@ TEST_F(Run, NewFilesAreTakenUpAtTheSameRowOrTheNextAboveUnlessTheyAreNotSound)
     const std::string script = R"(
         build() { sed -i "$1" m/menu.yaml; osdmenu build m/menu.yaml -o made; }
         is_resumed() { tr '\0' ' ' </proc/$session/cmdline | grep -q -e '--resume=on --resume=-1 --resume=page --resume=level '; }
+        start made
         echo h down ok right >&3
         until_true 'grep -q "value 4" told'
         build s/Level/Height/
@@ -115,7 +118,36 @@ TEST_F(Run, NewFilesAreTakenUpAtTheSameRowOrTheNextAboveUnlessTheyAreNotSound)
         wait $session
         cat notes)";
     EXPECT_EQ(run(background + script), 0) << read(dir / "told") << read(dir / "notes");
-    EXPECT_NE(out.find("the old menu stays.\nosdmenu: made/en/b.d: byte 0"), std::string::npos) << out;
+    EXPECT_NE(out.find("the old menu stays.\nosdmenu: " + (fs::canonical(dir) / "made/en/b.d: byte 0").string()),
+              std::string::npos)
+        << out;
+}
+
+TEST_F(Run, WhatCannotBeDoneIsToldAndTheSessionGoesOn)
+{
+    build_page();
+    EXPECT_EQ(run("touch f; echo 'A down ok right r down' | osdmenu run made --display none --settings f/s.json"), 1);
+    EXPECT_NE(err.find("the menu has no page of AI modes"), std::string::npos) << err;
+    EXPECT_NE(err.find("f/s.json"), std::string::npos) << err;
+    EXPECT_EQ(out.find("top  level 0  position 1"), 0U) << out;
+    EXPECT_NE(out.find("mode  level 1  position 2 2 1 1  value 0 (A)\n"), std::string::npos) << out;
+}
+
+TEST_F(Run, NewFilesLeaveThePageOfAiModesOpen)
+{
+    build_sample();
+    const std::string script = R"(
+        start sample
+        echo down a up >&3
+        until_true 'grep -q ^ai_speaker told'
+        touch sample/menu.json
+        until_true 'tr "\0" " " </proc/$session/cmdline | grep -q -e --resume=2'
+        echo h ok >&3
+        exec 3>&-
+        wait $session
+        tail -n 2 told)";
+    EXPECT_EQ(run(background + script), 0) << read(dir / "told") << read(dir / "notes");
+    EXPECT_EQ(out, "ai_speaker  level 1  position 8 4 1 1  no value\nptz  level 0  position 2 4 1 1  no value\n");
 }
 
 // Leaving the AI mode page saves at once, so that a kill hits one of many saves.

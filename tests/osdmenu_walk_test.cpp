@@ -127,8 +127,10 @@ TEST_F(WalkCase, TheTourOfALargeMenuPlaysAndShowsWhatStartsHidden)
     for (const char *top : {"p", "q", "r", "s"}) {
         std::string rows;
         for (int row = 1; row <= 4; row++) {
-            std::string name = top + std::to_string(row);
-            rows += page(name, "", "{name: " + name + "_row, text: R}") + ", ";
+            std::string name = top + std::to_string(row), rows_of_page;
+            for (int each = 0; each < (name == "p1" ? 20 : 1); each++) // one is taller than the view
+                rows_of_page += "{name: " + name + "_" + std::to_string(each) + ", text: R}, ";
+            rows += page(name, "", rows_of_page) + ", ";
         }
         items += "  - " + page(top, "", rows) + "\n";
     }

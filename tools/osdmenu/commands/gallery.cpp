@@ -138,7 +138,7 @@ static fs::path output_of(const GalleryOptions &options)
     return output;
 }
 
-// All is painted before anything is written. An earlier edition comes first, so that changes can be marked.
+// All is painted before a file is written. An earlier edition comes first, so that changes can be marked.
 static int run_gallery(const GalleryOptions &options)
 {
     Streams streams;

@@ -10,7 +10,7 @@ struct PanelLine {
     Tone tone = Tone::plain;
 };
 
-// Just so many lines. Where the page itself is too small to be read its rows are listed too.
+// Just so many lines, and one at least. Where the page itself is too small to be read its rows are listed too.
 std::vector<PanelLine> panel_lines(const Session &session, size_t height, bool lists_rows);
 
 // The chosen row in one line: its name, level and position, and value.

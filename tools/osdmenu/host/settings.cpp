@@ -93,7 +93,11 @@ void write_settings(const std::string &path, const Settings &settings)
     cJSON *texts = cJSON_AddObjectToObject(root.get(), "texts");
     for (const auto &[name, text] : settings.texts)
         cJSON_AddStringToObject(texts, name.c_str(), text.c_str());
-    if (fs::path(path).has_parent_path())
-        fs::create_directories(fs::path(path).parent_path());
-    replace_file(path, json_text(root.get()));
+    try {
+        if (fs::path(path).has_parent_path())
+            fs::create_directories(fs::path(path).parent_path());
+        replace_file(path, json_text(root.get()));
+    } catch (const fs::filesystem_error &e) {
+        throw Failure(path + ": cannot be written: " + e.code().message());
+    }
 }
