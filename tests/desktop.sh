@@ -50,6 +50,13 @@ window() {
     shows_bubble() { ! shows second.png && [ "$(difference page.png second.png)" -lt 20000 ]; }
     until_true shows_bubble
     until_true shows second.png # the bubble goes by itself
+    xdotool windowsize --sync "$window" 1000 600
+    is_anew() { tr '\0' ' ' </proc/$session/cmdline | grep -q -e '--resume=1000x600/1 '; }
+    has_size() { is_open && xdotool getwindowgeometry "$window" | grep -q 1000x600; }
+    touch sample/menu.json
+    until_true is_anew
+    until_true has_size
+    xdotool windowfocus --sync "$window"
     xdotool key Escape
     wait $session
     [ ! -s told ] && grep -q '"exposure_compensation":.1' state/osdmenu/sample-*/settings.json

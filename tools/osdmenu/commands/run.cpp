@@ -1,5 +1,6 @@
 // osdmenu run: a compiled menu to be tried on a desktop, with the keys, settings and languages of a camera.
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
@@ -33,8 +34,16 @@ struct RunOptions {
     std::string trace;
     std::string record;
     int trace_level = 0;
-    // Language, help block, the row below the page of AI modes, and the names of the rows down to the chosen one.
-    std::vector<std::string> resume;
+    std::vector<std::string> resume; // fields of Resumed
+};
+
+// What a session takes over from the one before it, which ended for new files.
+struct Resumed {
+    std::string size; // of the window
+    std::string language = {};
+    std::string help_block = {}; // on or off
+    std::string row_below_ai_mode = {};
+    std::vector<std::string> rows = {}; // down to the chosen one
 };
 
 volatile std::sig_atomic_t is_told_to_end;
@@ -60,11 +69,19 @@ static void end_in_order()
     sigaction(SIGPIPE, &action, nullptr);
 }
 
+static std::optional<Resumed> resumed(const RunOptions &options)
+{
+    const std::vector<std::string> &words = options.resume;
+    if (words.size() < 4)
+        return {};
+    return Resumed{words[0], words[1], words[2], words[3], {words.begin() + 4, words.end()}};
+}
+
 // A language that was asked for by its own directory goes before the one that is remembered.
 static std::string first_language(const RunOptions &options, const MenuDirectory &menu)
 {
-    if (!options.resume.empty())
-        return menu.has_language(options.resume[0]) ? options.resume[0] : menu.language;
+    if (auto before = resumed(options))
+        return menu.has_language(before->language) ? before->language : menu.language;
     const std::vector<std::string> &codes = menu.manifest.languages;
     auto remembered = host.settings.values.find("language");
     bool is_one_language = !fs::equivalent(options.directory, menu.path.empty() ? "." : menu.path);
@@ -92,12 +109,13 @@ static std::unique_ptr<Screen> open_screen(const RunOptions &options, const Stre
         return open_words(streams.out, streams.err);
     if (options.display == "terminal")
         return open_terminal(streams.out, options.graphics);
+    const std::string size = resumed(options).value_or(Resumed{}).size;
     if (options.display == "window")
-        return open_window(scale);
+        return open_window(scale, size);
     // A desktop that can't be reached is no reason to fail while there is a terminal.
     if (std::getenv("DISPLAY") || std::getenv("WAYLAND_DISPLAY"))
         try {
-            return open_window(scale);
+            return open_window(scale, size);
         } catch (const Failure &) {
         }
     if (isatty(STDIN_FILENO) && isatty(fileno(streams.out)))
@@ -105,20 +123,15 @@ static std::unique_ptr<Screen> open_screen(const RunOptions &options, const Stre
     throw NoDisplay("there is neither a desktop nor a terminal; --display none reads keys from standard input");
 }
 
-static constexpr size_t RESUMED_BEFORE_ROWS = 3;
-
 // At the chosen row before the files were new, or the nearest above it that is still there.
-static void go_to_place(const RunOptions &options)
+static void go_to_place(const Resumed &before)
 {
-    if (options.resume.size() < RESUMED_BEFORE_ROWS)
-        return;
-    if (int row = std::atoi(options.resume[2].c_str()); row >= 0 && has_ai_mode_page()) {
+    if (int row = std::atoi(before.row_below_ai_mode.c_str()); row >= 0 && has_ai_mode_page()) {
         open_ai_mode();
         host.row_below_ai_mode = row;
     }
-    for (size_t i = options.resume.size(); i > RESUMED_BEFORE_ROWS; i--)
-        if (go_to(options.resume[i - 1]))
-            return;
+    for (auto row = before.rows.rbegin(); row != before.rows.rend() && !go_to(*row); ++row)
+        ;
 }
 
 static void serve(Session &session, Screen &screen)
@@ -150,29 +163,37 @@ static std::string trace_path(const RunOptions &options, const std::string &stat
     return "/dev/null";
 }
 
+// A session that takes over from another goes on with its record.
+static void open_record(Session &session, const std::string &path, bool goes_on)
+{
+    if (!path.empty())
+        session.record.open(path, goes_on ? std::ios::app : std::ios::trunc);
+    if (!session.record)
+        throw Failure(path + ": " + std::strerror(errno));
+}
+
 // Everything that the session held is given back when it returns. What it returns is to be resumed.
 static std::vector<std::string> hold_session(const RunOptions &options)
 {
+    const std::optional<Resumed> before = resumed(options);
     Session session;
     MenuDirectory menu = open_menu_directory(options.directory, session.findings);
     std::string state = state_directory_of(menu.path.empty() ? "." : menu.path);
-    if (!options.record.empty())
-        session.record.open(options.record, options.resume.empty() ? std::ios::trunc : std::ios::app);
-    if (!session.record)
-        throw Failure(options.record + ": " + std::strerror(errno));
+    open_record(session, options.record, before.has_value());
     session.directory = options.directory;
     session.working_directory = fs::current_path();
     session.trace_path = trace_path(options, state, session);
-    session.shows_help_block = options.resume.size() > 1 && options.resume[1] == "on";
+    session.shows_help_block = before && before->help_block == "on";
     Streams streams(session.trace_path);
     print_report(streams.err, session.findings, ReportFormat::text);
     start_menu(options, menu, options.settings.empty() ? state + "/settings.json" : options.settings);
     session.backdrop = read_backdrop(options.background, painted_view().width, painted_view().height);
     end_in_order();
     std::unique_ptr<Screen> screen = open_screen(options, streams);
-    go_to_place(options);
+    if (before)
+        go_to_place(*before);
     start_session(session);
-    if (session.record.is_open() && options.resume.empty())
+    if (session.record.is_open() && !before)
         session.record << "language " << script_word(host.language) << std::endl;
     try {
         serve(session, *screen);
@@ -184,8 +205,8 @@ static std::vector<std::string> hold_session(const RunOptions &options)
     if (session.end != SessionEnd::new_files || is_told_to_end)
         return {};
     std::vector<std::string> resume = place();
-    resume.insert(resume.begin(),
-                  {host.language, session.shows_help_block ? "on" : "off", std::to_string(host.row_below_ai_mode)});
+    resume.insert(resume.begin(), {screen->size(), host.language, session.shows_help_block ? "on" : "off",
+                                   std::to_string(host.row_below_ai_mode)});
     return resume;
 }
 
@@ -208,10 +229,8 @@ static std::vector<std::string> arguments_to_resume(const std::vector<std::strin
 [[noreturn]] static void start_anew(const std::vector<std::string> &resume)
 {
     std::vector<std::string> arguments = arguments_to_resume(resume);
-    std::vector<char *> pointers;
-    for (std::string &argument : arguments)
-        pointers.push_back(argument.data());
-    pointers.push_back(nullptr);
+    std::vector<char *> pointers(arguments.size() + 1, nullptr);
+    std::transform(arguments.begin(), arguments.end(), pointers.begin(), [](std::string &each) { return each.data(); });
     execv("/proc/self/exe", pointers.data());
     throw Failure(std::string("cannot start anew: ") + std::strerror(errno));
 }

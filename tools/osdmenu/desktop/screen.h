@@ -14,11 +14,18 @@ class Screen
     virtual std::vector<std::string> keys(int milliseconds) = 0;
     virtual void show(const Session &session) = 0;
 
+    // For another of its kind to be opened as large as this one. "-" where that is nobody's to say.
+    virtual std::string size() const
+    {
+        return "-";
+    }
+
     bool needs_paint = true; // beside any change of the session: it was resized or uncovered
 };
 
-// A Failure when there is no desktop to open it on. The scale is in whole steps, 0 fits the window.
-std::unique_ptr<Screen> open_window(int scale);
+// A Failure when there is no desktop to open it on. The scale is in whole steps, 0 fits the window; the size of an
+// earlier window goes before it.
+std::unique_ptr<Screen> open_window(int scale, const std::string &size);
 
 // These write to streams of their own: standard output is the library's. `graphics` is kitty, sixel, blocks or auto.
 std::unique_ptr<Screen> open_terminal(std::FILE *out, const std::string &graphics);

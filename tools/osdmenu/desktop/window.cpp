@@ -115,7 +115,7 @@ struct Window : Screen {
     int scale; // 0 fits the window
 
     // A session saves what it keeps when a signal comes, which SDL would take for itself.
-    explicit Window(int whole_steps) : scale(whole_steps)
+    Window(int whole_steps, const std::string &earlier_size) : scale(whole_steps)
     {
         SDL_SetHint(SDL_HINT_VIDEODRIVER, "x11,wayland"); // others show their window to nobody
         SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
@@ -124,6 +124,10 @@ struct Window : Screen {
         SDL_Point size = {};
         if (SDL_Init(SDL_INIT_VIDEO) == 0)
             size = first_size(scale);
+        if (int earlier[3]; std::sscanf(earlier_size.c_str(), "%dx%d/%d", &earlier[0], &earlier[1], &earlier[2]) == 3) {
+            size = {std::max(1, earlier[0]), std::max(1, earlier[1])};
+            scale = std::clamp(earlier[2], 0, MOST_SCALE);
+        }
         window.reset(SDL_CreateWindow("osdmenu", SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, size.x, size.y,
                                       SDL_WINDOW_RESIZABLE));
         if (!window)
@@ -135,6 +139,13 @@ struct Window : Screen {
     {
         window.reset();
         SDL_Quit();
+    }
+
+    std::string size() const override
+    {
+        SDL_Point now = {};
+        SDL_GetWindowSize(window.get(), &now.x, &now.y);
+        return std::to_string(now.x) + "x" + std::to_string(now.y) + "/" + std::to_string(scale);
     }
 
     // Below 1 the page fits the window.
@@ -193,7 +204,7 @@ struct Window : Screen {
 
 } // namespace
 
-std::unique_ptr<Screen> open_window(int scale)
+std::unique_ptr<Screen> open_window(int scale, const std::string &size)
 {
-    return std::make_unique<Window>(scale);
+    return std::make_unique<Window>(scale, size);
 }
