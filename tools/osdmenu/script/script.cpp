@@ -111,7 +111,7 @@ static Finding refusal(const Place &place, Words words, size_t index, const std:
     std::vector<std::string> known, usages;
     for (const Form &form : forms)
         if (form.fitting(words) == index) {
-            const Slot none, &slot = form.slot(index) ? *form.slot(index) : none;
+            const Slot slot = form.slot(index) ? *form.slot(index) : Slot();
             phrase = index == 0 ? "statement" : slot.phrase;
             known.insert(known.end(), slot.known.begin(), slot.known.end());
             usages.push_back(form.form->usage);
