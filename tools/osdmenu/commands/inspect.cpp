@@ -15,6 +15,7 @@
 #include "rules/report.h"
 #include "store/inspection.h"
 #include "store/manifest.h"
+#include "store/output.h"
 
 namespace fs = std::filesystem;
 
@@ -67,7 +68,7 @@ static void write_picture(const fs::path &path, const ReadPicture &picture, cons
         pixels.append(picture.pixels, y * (picture.pixels.size() / height), width);
     int columns = static_cast<int>(width / 2);
     PixelView view{pixels.data(), columns, static_cast<int>(height), columns, look.display.pixel_format};
-    write_png(path, view, look.background.alpha ? std::optional(look.background) : std::nullopt);
+    replace_file(path, png_of(view, look.background.alpha ? std::optional(look.background) : std::nullopt));
 }
 
 static void export_pictures(const Resources &resources, const fs::path &directory, const Manifest &look, std::FILE *err)

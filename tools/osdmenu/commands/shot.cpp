@@ -132,9 +132,7 @@ static int run_shot(const ShotOptions &options)
         show_row(item, true);
     for (const std::string &item : options.disabled)
         show_row(item, false);
-    Image image = image_of(picture(options));
-    lay_over(image, parse_colour(options.background));
-    streams.put(options.output, png_of(image));
+    streams.put(options.output, png_of(picture(options), parse_colour(options.background)));
     return 0;
 }
 

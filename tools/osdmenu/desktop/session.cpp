@@ -109,8 +109,10 @@ static std::string save_picture(Session &session)
     return "";
 }
 
-static void save(Session &session)
+static void save_changes(Session &session)
 {
+    if (host.settings == session.saved)
+        return;
     write_settings(host.settings_path, host.settings);
     session.saved = host.settings;
 }
@@ -130,8 +132,7 @@ static void look_at_new_files(const Session &session)
 static std::string load_again(Session &session)
 {
     std::filesystem::current_path(session.working_directory);
-    if (host.settings != session.saved)
-        save(session);
+    save_changes(session);
     try {
         look_at_new_files(session);
     } catch (const std::exception &e) {
@@ -223,7 +224,7 @@ static void save_in_time(Session &session, Clock::time_point now)
     if (now < session.save_due)
         return;
     session.save_due = now + SAVE_AGAIN;
-    attempt(session, [&] { save(session); });
+    attempt(session, [&] { save_changes(session); });
 }
 
 void start_session(Session &session)
@@ -250,8 +251,7 @@ void pass_time(Session &session, Clock::time_point now)
 
 void finish_session(Session &session)
 {
-    if (host.settings != session.saved)
-        save(session);
+    save_changes(session);
     if (session.record.is_open() && !session.record)
         throw Failure("what was done could not be recorded");
 }

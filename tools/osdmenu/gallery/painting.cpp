@@ -268,9 +268,9 @@ static void add_alone(Painter &painter, const StringKey &key, const ReadPicture 
     int width = static_cast<int>(read.size.width / 2), height = static_cast<int>(read.size.height);
     if (width == 0 || height == 0 || painter.strings.contains(key))
         return;
-    Image image = image_of({read.pixels.data(), width, height, width, host.menu.manifest.display.pixel_format});
-    lay_over(image, host.menu.manifest.background);
-    painter.strings[key] = png_of(image);
+    const Manifest &manifest = host.menu.manifest;
+    painter.strings[key] =
+        png_of({read.pixels.data(), width, height, width, manifest.display.pixel_format}, manifest.background);
 }
 
 // One plain part of a path, whatever the name held. The suffixes have what no such name has: none meets another.

@@ -6,7 +6,6 @@
 #include <png.h>
 
 #include "common/text.h"
-#include "store/output.h"
 
 static_assert(sizeof(Colour) == 4, "a colour is a pixel of PNG_FORMAT_RGBA");
 
@@ -88,9 +87,9 @@ Image read_png(const std::string &path)
     return image_of_png(*png, path);
 }
 
-void write_png(const std::string &path, const PixelView &view, const std::optional<Colour> &background)
+std::string png_of(const PixelView &view, const std::optional<Colour> &background)
 {
     Image image = image_of(view);
     lay_over(image, background);
-    replace_file(path, png_of(image));
+    return png_of(image);
 }
