@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 #include <set>
 
+#include "resources/glyph_banks.h"
 #include "support/faults.h"
 
 struct Loader {
@@ -61,10 +62,14 @@ TEST(FaultInjection, EveryFailedCallIsReportedOnceAndTheNextLoadIsWhole)
         {"read2mem_menuitem_commonchar", read2mem_menuitem_commonchar, 32, -1, {32}, BANKS + GLYPHS},
         {"read2mem_menuitem_utf16symbol", read2mem_menuitem_utf16symbol, 0, -1, {0}, BANKS + SYMBOLS}};
     ResourceDirectory directory;
-    const Picture picture = {4, 150}; // larger than what is read ahead
-    directory.write_items({{"item", {1}, picture, VALUE_TXT, std::vector<Choice>(80, {"choice", picture})}});
+    const Picture picture = {4, 300}, none = {}; // larger than what is read ahead, or ahead as a whole
+    const std::string text(127, 't');            // four of them end where the bytes read ahead do
+    std::vector<Choice> choices = {{text, none}, {text, none}, {text, none}, {text, picture}};
+    choices.resize(80, {"choice", picture});
+    choices.push_back({"last", none});
+    directory.write_items({{"item", {1}, picture, VALUE_TXT, choices}});
     for (bool bubbles : {false, true})
-        directory.write_lines({{"line", picture}, {"line", picture}}, bubbles);
+        directory.write_lines({{"line", picture}, {"line", picture}, {"last", {1, 2}}}, bubbles);
     prepare_view(directory, 0, 0);
     const std::regex line(".+");
     for (const Loader &loader : loaders) {
@@ -74,4 +79,45 @@ TEST(FaultInjection, EveryFailedCallIsReportedOnceAndTheNextLoadIsWhole)
         const std::sregex_token_iterator expected(loader.reports.begin(), loader.reports.end(), line);
         EXPECT_EQ(reports, std::set<std::string>(expected, {})) << loader.name;
     }
+}
+
+// The nth read fails, once.
+static std::string printed_with_failing_read(int nth, const std::function<void()> &load)
+{
+    failing = Fault::Read;
+    calls_to_failure = nth;
+    return printed(load);
+}
+
+TEST(BrokenFile, AGlyphKeepsThePixelsBeforeTheFailureAndTheNextReadFails)
+{
+    const ResourceDirectory directory;
+    directory.write("c.d", glyph_bank(4, 150)); // the first read ends 488 bytes into the pixels
+    printed_with_failing_read(2, [&] { read2mem_menuitem_commonchar(directory.path().c_str()); });
+    ASSERT_NE(osdmenu_commonchar_viewbitmap[0], nullptr);
+    EXPECT_EQ(std::string(osdmenu_commonchar_viewbitmap[0]->bitmap, 600),
+              std::string(488, '\1') + std::string(112, '\0'));
+    EXPECT_EQ(osdmenu_commonchar_viewbitmap[1], nullptr);
+}
+
+TEST(BrokenFile, ARecordCutByAFailureCountsAndTheNextOneTellsIt)
+{
+    const ResourceDirectory directory;
+    directory.write_items(std::vector<Item>(30, {"item", {1}})); // the first read ends 64 bytes into the 25th
+    const std::string lines = printed_with_failing_read(3, [&] { read2mem_all_menuitems(directory.path().c_str()); });
+    EXPECT_EQ(lines_with(lines, "read meta_file fail:: Input/output error\n"), 1);
+    int count = 0;
+    for (osdmenu_item *item = first_loaded(); item; item = loaded_after(item))
+        count++;
+    EXPECT_EQ(count, 25);
+}
+
+TEST(BrokenFile, AFailureIsToldInTheWordsOfTheFieldThatMeetsItFirst)
+{
+    const ResourceDirectory directory;
+    const std::vector<Choice> choices(71, {"", {}}); // the first read ends 8 bytes into the last of them
+    directory.write_items({{"item", {1}, {}, VALUE_TXT, choices}, {"next", {2}}});
+    const std::string lines = printed_with_failing_read(3, [&] { read2mem_all_menuitems(directory.path().c_str()); });
+    EXPECT_EQ(lines_with(lines, "ERR read2mem_all_menuitems: read meta_file fail!\n"), 1);
+    EXPECT_EQ(lines_with(lines, "read new_itemvalue from meta_file fail"), 0);
 }

@@ -25,6 +25,7 @@ bool reader_open(struct reader *in, const char *dir, const char *file_name, std:
     in->lookahead = lookahead;
     in->at = 0;
     in->filled = 0;
+    in->failure = 0;
     return in->fd >= 0;
 }
 
@@ -43,27 +44,32 @@ static std::size_t take_from_ahead(struct reader *in, char *to, std::size_t size
     return taken;
 }
 
-static bool read_ahead(struct reader *in)
+// Reads what was not read ahead: a large rest straight into its place, a small one by way of the next bytes ahead.
+static ssize_t read_on(struct reader *in, char *to, std::size_t size)
 {
+    if (size >= in->lookahead)
+        return read(in->fd, to, size);
     ssize_t got = read(in->fd, in->ahead, in->lookahead);
     in->at = 0;
     in->filled = got > 0 ? static_cast<std::size_t>(got) : 0;
-    return got >= 0;
+    return got < 0 ? -1 : static_cast<ssize_t>(take_from_ahead(in, to, size));
 }
 
 ssize_t reader_fill(struct reader *in, void *to, std::size_t size)
 {
+    if (in->failure != 0) {
+        errno = in->failure;
+        return -1;
+    }
     char *place = static_cast<char *>(to);
     std::size_t got = take_from_ahead(in, place, size);
-    std::size_t missing = size - got;
-    if (missing >= in->lookahead) {
-        ssize_t more = read(in->fd, place + got, missing);
-        return more < 0 ? -1 : static_cast<ssize_t>(got) + more;
-    }
-    if (missing > 0) {
-        if (!read_ahead(in))
-            return -1;
-        got += take_from_ahead(in, place + got, missing);
-    }
+    if (got == size)
+        return static_cast<ssize_t>(got);
+    ssize_t more = read_on(in, place + got, size - got);
+    if (more >= 0)
+        return static_cast<ssize_t>(got) + more;
+    if (got == 0)
+        return -1;
+    in->failure = errno;
     return static_cast<ssize_t>(got);
 }

@@ -13,6 +13,7 @@ struct reader {
     std::size_t lookahead;
     std::size_t at;     // of the bytes read ahead, the first not handed out
     std::size_t filled; // end of the bytes read ahead
+    int failure;        // errno of a failure that the next read has to tell, or 0
     char ahead[LOOKAHEAD_RECORDS];
 };
 
@@ -22,5 +23,6 @@ bool reader_open(struct reader *in, const char *dir, const char *file_name, std:
 // As close().
 int reader_close(struct reader *in);
 
-// Reads up to `size` bytes: fewer only where the file ends. -1 with errno set on failure.
+// Reads up to `size` bytes, a field, as one read of the file would: fewer where the file ends, or where a failure comes
+// behind some of them. The next read then fails. -1 with errno set on failure.
 ssize_t reader_fill(struct reader *in, void *to, std::size_t size);
