@@ -4,7 +4,6 @@
 
 static const ResourceDirectory files;
 
-static const list_head *const lists[] = {&osdhelp.siblings, &osbbubble.siblings};
 static int (*const loaders[])(const char *dir) = {read2mem_helpline, read2mem_bubbleline};
 
 // The result of a load, what it prints under its own name, and the names that it leaves: "0 ERR text\nA B ".
@@ -13,7 +12,9 @@ static std::string load(bool bubbles)
     int result = 0;
     const std::regex own(bubbles ? " read2mem_bubbleline:( got a)?" : " read2mem_helpline:( got a)?");
     std::string text = std::regex_replace(printed([&] { result = loaders[bubbles](files.path().c_str()); }), own, "");
-    for (const osdhelpline *line = first_line(lists[bubbles]); line; line = line_after(line, lists[bubbles]))
+    for (const osdhelpline *line = first_helpline(); line && !bubbles; line = helpline_after(line))
+        text += line->name + std::string(" ");
+    for (const osdbubbleline *line = first_bubbleline(); line && bubbles; line = bubbleline_after(line))
         text += line->name + std::string(" ");
     return std::to_string(result) + " " + text;
 }
@@ -27,7 +28,8 @@ TEST(Lines, LoadReplacesThoseBeforeUnlessAnOpenFails)
         EXPECT_EQ(load(bubbles),
                   "0 INFO osdmenu_item\nINFO osdhelpline name:new\nINFO osdhelpline view description:text\n"
                   "INFO osdmenu_item view viewbitmap bitmap.(6 6)\nnew ");
-        EXPECT_EQ(std::string(first_line(lists[bubbles])->viewbitmap.bitmap, 10), std::string("pppppp\0\0\0\0", 10));
+        const osdmenu_view_bitmap &picture = bubbles ? first_bubbleline()->viewbitmap : first_helpline()->viewbitmap;
+        EXPECT_EQ(std::string(picture.bitmap, 10), std::string("pppppp\0\0\0\0", 10));
         files.remove(bubbles ? "bb.d" : "hb.d");
         EXPECT_EQ(load(bubbles), "-1 open data_file fail:: No such file or directory\nERR open data_file fail!\nnew ");
     }

@@ -146,10 +146,10 @@ static std::string told_by_library(const std::string &directory)
         for (const auto *choice = first_choice(&value); choice; choice = choice_after(choice, &value))
             all += choice->u.txt.description + picture(choice->u.txt.viewbitmap);
     }
-    for (const list_head *lines : {&osdhelp.siblings, &osbbubble.siblings})
-        for (const osdhelpline *line = first_line(lines); line; line = line_after(line, lines))
-            all += line->name + std::string(line->viewdescription) + picture(line->viewbitmap) +
-                   bytes_of(lines == &osdhelp.siblings ? 0 : get_bubbleline_level_byname(line->name));
+    for (const osdhelpline *line = first_helpline(); line; line = helpline_after(line))
+        all += line->name + std::string(line->viewdescription) + picture(line->viewbitmap) + bytes_of(0);
+    for (const osdbubbleline *line = first_bubbleline(); line; line = bubbleline_after(line))
+        all += line->name + std::string(line->viewdescription) + picture(line->viewbitmap) + bytes_of(line->level);
     for (auto **bank : {osdmenu_commonchar_viewbitmap, osdmenu_utf16symbol_viewbitmap})
         for (; *bank; bank++)
             all += picture(**bank);

@@ -14,10 +14,9 @@ struct osdmenu_item *item_byname(const char *name)
 
 const struct osdbubbleline *bubbleline_byname(const char *name)
 {
-    const struct list_head *lines = &osbbubble.siblings;
-    for (const struct osdhelpline *line = first_line(lines); line; line = line_after(line, lines))
+    for (const struct osdbubbleline *line = first_bubbleline(); line; line = bubbleline_after(line))
         if (is_named(line->name, name))
-            return reinterpret_cast<const struct osdbubbleline *>(line);
+            return line;
     return nullptr;
 }
 

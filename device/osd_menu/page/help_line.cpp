@@ -7,8 +7,7 @@
 // All lines of that name are painted on one place; the last in file order stays on top.
 int osdmenu_draw_helpline_byname(int start_x, int start_y, const char *name)
 {
-    const struct list_head *lines = &osdhelp.siblings;
-    for (const struct osdhelpline *line = first_line(lines); line; line = line_after(line, lines)) {
+    for (const struct osdhelpline *line = first_helpline(); line; line = helpline_after(line)) {
         if (!is_named(line->name, name))
             continue;
         DBG_INFO("help line:%s\n", shown(line->viewdescription));

@@ -10,19 +10,29 @@ static const struct load_failure no_description = {"calloc osdmenu_item viewdesc
 static const struct load_failure no_pixels = {"calloc osdhelpline viewbimap bitmap fail:",
                                               "calloc osdhelpline viewbitmap bitmap fail!"};
 
+// The fields of a record that both kinds of line have, each where its own kind keeps it.
+struct line_fields {
+    struct list_head *siblings;
+    char **name;
+    char **viewdescription;
+    struct osdmenu_view_bitmap *viewbitmap;
+};
+
+template <class Line> static struct line_fields fields_of(void *record)
+{
+    Line *line = static_cast<Line *>(record);
+    return {&line->siblings, &line->name, &line->viewdescription, &line->viewbitmap};
+}
+
 // What tells the two loaders apart.
 struct line_kind {
     const char *loader;
     const char *meta_name;
     const char *data_name;
     std::size_t record_size;
+    struct line_fields (*fields)(void *record);
     struct list_head *lines;
 };
-
-// A bubble line starts with the fields of a help line.
-static_assert(offsetof(struct osdbubbleline, level) == sizeof(struct osdhelpline));
-
-enum load_course { GO_ON, STOP, FAIL };
 
 static enum load_course fail_for(const struct line_kind *kind, const struct load_failure *failure)
 {
@@ -30,15 +40,17 @@ static enum load_course fail_for(const struct line_kind *kind, const struct load
     return FAIL;
 }
 
-static void free_lines(struct list_head *lines)
+// `siblings` stands first in either record: the node is the record.
+static void free_lines(const struct line_kind *kind)
 {
-    for (struct osdhelpline *line = first_line(lines); line;) {
-        struct osdhelpline *next = line_after(line, lines);
-        std::free(line->name);
-        std::free(line->viewbitmap.bitmap);
-        std::free(line->viewdescription);
-        std::free(line);
-        line = next;
+    for (struct list_head *node = list_next(kind->lines, kind->lines); node;) {
+        struct list_head *next = list_next(node, kind->lines);
+        const struct line_fields line = kind->fields(node);
+        std::free(*line.name);
+        std::free(line.viewbitmap->bitmap);
+        std::free(*line.viewdescription);
+        std::free(node);
+        node = next;
     }
 }
 
@@ -58,42 +70,43 @@ static enum load_course load_pixels(const struct line_kind *kind, struct reader 
     return GO_ON;
 }
 
-static enum load_course load_content(const struct line_kind *kind, struct reader *data, struct osdhelpline *line)
+static enum load_course load_content(const struct line_kind *kind, struct reader *data, const struct line_fields *line)
 {
-    if (read_text(kind->loader, data, &line->name, &no_name) != FIELD_READ)
+    if (read_text(kind->loader, data, line->name, &no_name) != FIELD_READ)
         return FAIL;
-    DBG_INFO_AS(kind->loader, "got a osdhelpline name:%s\n", line->name);
-    if (read_text(kind->loader, data, &line->viewdescription, &no_description) == FIELD_FAILED)
+    DBG_INFO_AS(kind->loader, "got a osdhelpline name:%s\n", *line->name);
+    if (read_text(kind->loader, data, line->viewdescription, &no_description) == FIELD_FAILED)
         return FAIL;
-    DBG_INFO_AS(kind->loader, "got a osdhelpline view description:%s\n", line->viewdescription);
-    return load_pixels(kind, data, &line->viewbitmap);
+    DBG_INFO_AS(kind->loader, "got a osdhelpline view description:%s\n", *line->viewdescription);
+    return load_pixels(kind, data, line->viewbitmap);
 }
 
 // The bytes of a file are no address.
-static void forget_file_pointers(struct osdhelpline *line)
+static void forget_file_pointers(const struct line_fields *line)
 {
-    line->siblings = {};
-    line->name = nullptr;
-    line->viewdescription = nullptr;
-    line->viewbitmap.bitmap = nullptr;
+    *line->siblings = {};
+    *line->name = nullptr;
+    *line->viewdescription = nullptr;
+    line->viewbitmap->bitmap = nullptr;
 }
 
 // A line joins the list before its content is read, and stays there as far as it came.
 static enum load_course load_line(const struct line_kind *kind, struct reader *meta, struct reader *data)
 {
-    struct osdhelpline *line = static_cast<struct osdhelpline *>(std::calloc(1, kind->record_size));
-    if (!line)
+    void *record = std::calloc(1, kind->record_size);
+    if (!record)
         return fail_for(kind, &no_record);
-    ssize_t got = reader_fill(meta, line, kind->record_size);
+    ssize_t got = reader_fill(meta, record, kind->record_size);
     if (got <= 0) {
         enum load_course course = got < 0 ? fail_for(kind, &meta_unreadable) : STOP;
-        std::free(line);
+        std::free(record);
         return course;
     }
-    forget_file_pointers(line);
+    const struct line_fields line = kind->fields(record);
+    forget_file_pointers(&line);
     DBG_INFO_AS(kind->loader, "got a osdmenu_item\n");
-    list_add_tail(&line->siblings, kind->lines);
-    return load_content(kind, data, line);
+    list_add_tail(line.siblings, kind->lines);
+    return load_content(kind, data, &line);
 }
 
 static enum load_course load_lines(const struct line_kind *kind, struct reader *meta, struct reader *data)
@@ -115,7 +128,7 @@ static int load_in_place_of_old(const struct line_kind *kind, const char *dir)
         close_reported(kind->loader, &meta, &meta_not_closed);
         return -1;
     }
-    free_lines(kind->lines);
+    free_lines(kind);
     list_init(kind->lines);
     enum load_course end = load_lines(kind, &meta, &data);
     close_reported(kind->loader, &meta, &meta_not_closed);
@@ -125,13 +138,15 @@ static int load_in_place_of_old(const struct line_kind *kind, const char *dir)
 
 int read2mem_helpline(const char *dir)
 {
-    const struct line_kind kind = {__func__, "hm.d", "hb.d", sizeof(struct osdhelpline), &osdhelp.siblings};
+    const struct line_kind kind = {
+        __func__, "hm.d", "hb.d", sizeof(struct osdhelpline), fields_of<struct osdhelpline>, &osdhelp.siblings};
     return load_in_place_of_old(&kind, dir);
 }
 
 int read2mem_bubbleline(const char *dir)
 {
-    const struct line_kind kind = {__func__, "bm.d", "bb.d", sizeof(struct osdbubbleline), &osbbubble.siblings};
+    const struct line_kind kind = {
+        __func__, "bm.d", "bb.d", sizeof(struct osdbubbleline), fields_of<struct osdbubbleline>, &osbbubble.siblings};
     return load_in_place_of_old(&kind, dir);
 }
 

@@ -30,9 +30,7 @@ struct item_files {
     struct reader data;
 };
 
-// Whether the load goes on or ends.
-enum load_course { GO_ON, STOP };
-
+// A load of items never fails: whatever is wrong with it ends it.
 static enum load_course stop_for(const struct load_failure *failure)
 {
     report_failure(LOADER, failure);

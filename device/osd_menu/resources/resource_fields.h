@@ -24,6 +24,9 @@ extern const struct load_failure no_name;
 
 enum field_result { FIELD_READ, FIELD_AT_END, FIELD_FAILED };
 
+// Whether a load goes on, ends, or ends as one that failed.
+enum load_course { GO_ON, STOP, FAIL };
+
 // Reports a failed call for a loader, by its exported name. errno is the call's.
 void report_failure(const char *loader, const struct load_failure *failure);
 
