@@ -2,6 +2,7 @@
 #include <climits>
 #include <gtest/gtest.h>
 
+#include "resources/glyph_banks.h"
 #include "support/host.h"
 
 static int x, y;
@@ -104,4 +105,45 @@ TEST_F(TextInto, StringsAreMeasuredInBytesAndPaintedFromTheFirstByteOfTheBuffer)
     EXPECT_EQ(get_string_bitmap("ab", 40, 2, osdmenu_viewbuffer + 3188), 0); // keeps to the view buffer
     EXPECT_EQ(byte_at(39, 39), 12);
     EXPECT_EQ(get_string_bitmap("ab", 40, 2, nullptr) + get_string_bitmap(nullptr, 40, 2, nullptr), 0);
+}
+
+// A buffer of 8 by 10 pixels, and a glyph "a" that begins on its row 8.
+struct RowsOutside {
+    const char *name;
+    unsigned height, width, stride;
+    int reported;
+};
+
+class GlyphOverTheEnd : public TextInto, public testing::WithParamInterface<RowsOutside>
+{
+};
+
+TEST_P(GlyphOverTheEnd, HasEachRowReportedUpTo65536)
+{
+    osdmenu_view_bitmap *glyph = osdmenu_commonchar_viewbitmap[10];
+    *glyph = {0, GetParam().height, GetParam().width, GetParam().stride, glyph->bitmap}; // of 32 bytes
+    x = 0, y = 8;
+    paint_ex("a", 2);
+    EXPECT_EQ(traced("copy out of bounds: dst="), GetParam().reported);
+}
+INSTANTIATE_TEST_SUITE_P(OfRows, GlyphOverTheEnd,
+                         testing::Values(RowsOutside{"with_bytes", 4, 8, 8, 2},
+                                         RowsOutside{"of_no_width", 5, 0, 8, 2}, // one stands right at the end
+                                         RowsOutside{"of_no_stride", 5, 8, 0, 3},
+                                         RowsOutside{"without_end", 4000000000, 0, 0, 65536}),
+                         [](const auto &row) { return row.param.name; });
+
+TEST_F(TextInto, ABufferWhoseSizeWrapsReportsTheWrappedSize)
+{
+    x = y = 0;
+    get_osdmenu_common_bitmap_ex("a", 1, &x, &y, buffer.data(), 65536, 32768, 1);
+    EXPECT_EQ(traced("copy out of bounds: dst=0, size=8, max=-2147483648\n"), 1);
+}
+
+TEST_F(TextInto, ATargetThatBeginsWhereTheViewEndsIsTheCallersOwn)
+{
+    std::vector<char> memory(3200 + 160); // the view, and the caller's buffer right behind it
+    std::free(std::exchange(osdmenu_viewbuffer, memory.data()));
+    get_string_bitmap("a", 10, 2, memory.data() + 3200);
+    EXPECT_EQ(memory[3200], 11);
 }

@@ -43,12 +43,31 @@ TEST_F(NamedBubble, IsPackedIntoAnAlignedBlockAndClearsNothingBehindIt)
     EXPECT_EQ(block("kz73connect", 13, 16, 0), std::tuple(0, 288, 64)); // case counts; multiples of 16 do not grow
     block("wide", 10, -4, 6);
     EXPECT_EQ(border(160), 0x0031); // rows above the block are dropped
-    directory.write("bm.d", meta_of(Line{"huge", {65537, 65535}}, true));
-    directory.write("bb.d", text_of("huge") + text_of("line"));
-    output_of([] { read2mem_bubbleline(directory.path().c_str()); });
-    block("huge", 0, 0, 0); // its pixels found no memory: there is no row to trace
-    EXPECT_EQ(lines_with(output.out, "DBG_INFO:"), 2);
 }
+
+struct BareRows {
+    const char *name;
+    Picture picture;
+    int traced;
+};
+
+class BubbleWithoutPixels : public NamedBubble, public testing::WithParamInterface<BareRows>
+{
+};
+
+TEST_P(BubbleWithoutPixels, TracesEachOfItsRowsUpTo65536)
+{
+    directory.write("bm.d", meta_of(Line{"bare", GetParam().picture}, true));
+    directory.write("bb.d", text_of("bare") + text_of("line"));
+    output_of([] { read2mem_bubbleline(directory.path().c_str()); });
+    block("bare", 0, 0, 0);
+    EXPECT_EQ(lines_with(output.out, "] dst:"), GetParam().traced);
+}
+INSTANTIATE_TEST_SUITE_P(Of, BubbleWithoutPixels,
+                         testing::Values(BareRows{"five_rows", {5, 0}, 5},
+                                         BareRows{"endless_rows", {4000000000, 0}, 65536},
+                                         BareRows{"pixels_that_found_no_memory", {65537, 65535}, 65536}),
+                         [](const auto &row) { return row.param.name; });
 
 TEST_F(NamedBubble, HoldsTheAccessorysNameUpToTheEdgesOfTheBlock)
 {

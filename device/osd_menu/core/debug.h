@@ -6,6 +6,9 @@
 
 #include "lib_dbgout.h"
 
+// Of rows that nothing but a file's height counts, a call reports no more: such a height has no end.
+enum { MOST_REPORTS = 65536 };
+
 enum {
     LOG_WORKAROUND = 3, // a condition that the library works around
     LOG_EVENT = 6,      // a notable event

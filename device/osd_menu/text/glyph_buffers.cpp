@@ -91,7 +91,7 @@ void get_osdmenu_common_bitmap_with_margin(const char *msg, int msg_max, int *x_
                  wrapping_add(*y_pos_cur, top_margin), dst_viewarea_buffer);
 }
 
-// A buffer of the caller's with the pen of a text in it. All but the pixel size count pixels.
+// A buffer of the caller's with the pen of a text in it. Sizes and pens count pixels.
 struct caller_buffer {
     char *memory;
     int width;
@@ -99,6 +99,7 @@ struct caller_buffer {
     int pixelsize; // bytes
     int x;
     int y;
+    int reports_left; // of rows past the end: a file may give a glyph a height without end
 };
 
 static int buffer_size(const struct caller_buffer *buffer)
@@ -129,36 +130,46 @@ static bool advance(const char *function, struct caller_buffer *buffer, const st
     return false;
 }
 
-// Copies one row of a glyph, or reports that it would pass the end of the buffer.
-static void paint_row(const char *function, const struct paint_area *area, int offset, int width,
-                      const struct pixel_block *row)
+// How many rows of a glyph, from its top, end inside the buffer. At a pitch that no memory has, none does.
+static std::int64_t rows_before_end(const struct caller_buffer *buffer, std::int64_t offset, int width)
 {
-    const int size = static_cast<int>(area->size);
-    if (wrapping_add(offset, width) > size)
-        LIB_TRACE_AS(function, LOG_WORKAROUND, "copy out of bounds: dst=%d, size=%d, max=%d\n", offset, width, size);
-    else
-        row_copy(area, offset, row);
+    const std::int64_t pitch = wrapping_mul(buffer->width, buffer->pixelsize);
+    const std::int64_t distance = std::int64_t{buffer_size(buffer)} - width - offset;
+    return pitch <= 0 || distance < 0 ? 0 : distance / pitch + 1;
 }
 
-// The pen is behind the glyph by now: its left column is the pen less its own width. Rows past the end of the buffer
-// are reported one by one, though not without end where a file gives a glyph a height without end.
-static void paint_behind_pen(const char *function, const struct caller_buffer *buffer,
+static void copy_rows(const struct caller_buffer *buffer, int column, std::int64_t end, const struct pixel_block *block)
+{
+    const struct paint_area area = {buffer->memory, static_cast<std::size_t>(std::max(buffer_size(buffer), 0)),
+                                    wrapping_mul(buffer->width, buffer->pixelsize)};
+    const struct row_range rows = rows_touching(&area, buffer_offset(buffer, column, buffer->y), block);
+    for (std::int64_t i = rows.first; i < std::min(rows.end, end); i++) {
+        const struct pixel_block row = row_of(block, i);
+        row_copy(&area, buffer_offset(buffer, column, wrapping_add(buffer->y, static_cast<int>(i))), &row);
+    }
+}
+
+// Each row that would leave the buffer is reported, also one without bytes of its own.
+static void report_rows(const char *function, struct caller_buffer *buffer, int column, std::int64_t first,
+                        const struct osdmenu_view_bitmap *glyph)
+{
+    const std::int64_t end = std::min<std::int64_t>(glyph->height, first + buffer->reports_left);
+    for (std::int64_t i = first; i < end; i++, buffer->reports_left--)
+        LIB_TRACE_AS(function, LOG_WORKAROUND, "copy out of bounds: dst=%d, size=%d, max=%d\n",
+                     buffer_offset(buffer, column, wrapping_add(buffer->y, static_cast<int>(i))),
+                     static_cast<int>(glyph->width), buffer_size(buffer));
+}
+
+// The pen is behind the glyph by now: its left column is the pen less its own width.
+static void paint_behind_pen(const char *function, struct caller_buffer *buffer,
                              const struct osdmenu_view_bitmap *glyph)
 {
-    const std::int64_t most_reports = 65536;
-    const int size = buffer_size(buffer);
-    const struct paint_area area = {buffer->memory, size > 0 ? static_cast<std::size_t>(size) : 0,
-                                    wrapping_mul(buffer->width, buffer->pixelsize)};
     const struct pixel_block block = strided_block(glyph);
     const int width = static_cast<int>(glyph->width);
     const int column = wrapping_sub(buffer->x, width / buffer->pixelsize);
-    const struct row_range rows = rows_touching(&area, buffer_offset(buffer, column, buffer->y), &block);
-    const std::int64_t end = std::min<std::int64_t>(rows_owned(&block), rows.end + most_reports);
-    for (std::int64_t i = rows.first; i < end; i++) {
-        const struct pixel_block row = row_of(&block, i);
-        const int y = wrapping_add(buffer->y, static_cast<int>(i));
-        paint_row(function, &area, buffer_offset(buffer, column, y), width, &row);
-    }
+    const std::int64_t end = rows_before_end(buffer, buffer_offset(buffer, column, buffer->y), width);
+    copy_rows(buffer, column, end, &block);
+    report_rows(function, buffer, column, end, glyph);
 }
 
 int get_osdmenu_common_bitmap_ex(const char *msg, int msg_max, int *x_pos_cur, int *y_pos_cur, char *dst_buffer,
@@ -167,7 +178,8 @@ int get_osdmenu_common_bitmap_ex(const char *msg, int msg_max, int *x_pos_cur, i
     if (!msg || !x_pos_cur || !y_pos_cur || !dst_buffer || msg_max <= 0 || buffer_width <= 0 || buffer_height <= 0 ||
         pixelsize <= 0)
         return -1;
-    struct caller_buffer buffer = {dst_buffer, buffer_width, buffer_height, pixelsize, *x_pos_cur, *y_pos_cur};
+    struct caller_buffer buffer = {dst_buffer, buffer_width, buffer_height, pixelsize,
+                                   *x_pos_cur, *y_pos_cur,   MOST_REPORTS};
     DBG_ERR("msg:%s max:%d\n", msg, msg_max);
     for (int j = 0; j < msg_max; j++) {
         const struct osdmenu_view_bitmap *glyph = glyph_or_space(__func__, msg[j], " ");
@@ -211,7 +223,7 @@ int get_string_bitmap_length(const char *msg)
 static struct paint_area area_from(char *dst_buf)
 {
     const std::int64_t offset = offset_of_view_address(dst_buf);
-    if (osdmenu_viewbuffer && offset >= 0 && offset <= osdmenu_viewbuffer_size)
+    if (osdmenu_viewbuffer && offset >= 0 && offset < osdmenu_viewbuffer_size)
         return {dst_buf, static_cast<std::size_t>(osdmenu_viewbuffer_size - offset), 0};
     return {dst_buf, INT64_MAX / 4, 0};
 }

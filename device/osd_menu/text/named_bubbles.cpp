@@ -1,4 +1,5 @@
 // Bubble lines by name: placed in the view, or as a packed block of their own with the accessory's name beside them.
+#include <algorithm>
 #include <cinttypes>
 
 #include "core/debug.h"
@@ -16,7 +17,7 @@ typedef void direct_channel(const char *file, const char *function, int line, co
     __attribute__((format(printf, 4, 5)));
 
 // Copies the picture of a bubble line to a byte offset of the view, at the pitch of the area. It is traced first: the
-// record, and where each of its rows that reach the view goes, in bytes.
+// record, and where each of its rows goes, in bytes. Rows with pixels are left out where they do not reach the view.
 static void place_bubble(const char *function, direct_channel *trace, const struct osdbubbleline *bubble,
                          const struct paint_area *area, std::int64_t offset)
 {
@@ -25,10 +26,13 @@ static void place_bubble(const char *function, direct_channel *trace, const stru
     trace(__FILE_NAME__, function, __LINE__, "bubble:%s height:%u width:%u pitch:%" PRId64 " bitmap:%p\n",
           shown(bubble->viewdescription), picture->height, picture->width, area->row_pitch,
           static_cast<void *>(picture->bitmap));
-    const struct row_range rows = rows_touching(area, offset, &block);
-    for (std::int64_t row = rows.first; row < rows.end; row++)
-        trace(__FILE_NAME__, function, __LINE__, "dst:%" PRId64 " src:%" PRId64 " size:%u\n",
-              offset + row * area->row_pitch, row * block.pitch, block.width);
+    const std::int64_t owned = rows_owned(&block);
+    const struct row_range touching = rows_touching(area, offset, &block);
+    const struct row_range bare = {owned, std::min<std::int64_t>(block.height, owned + MOST_REPORTS)};
+    for (const struct row_range &rows : {touching, bare})
+        for (std::int64_t row = rows.first; row < rows.end; row++)
+            trace(__FILE_NAME__, function, __LINE__, "dst:%" PRId64 " src:%" PRId64 " size:%u\n",
+                  offset + row * area->row_pitch, row * block.pitch, block.width);
     row_copy(area, offset, &block);
 }
 
