@@ -98,3 +98,20 @@ TEST(Items, OfANameTakeAFreeTextAndTheLastOfThemLendsCopiesOfItsPictures)
     EXPECT_EQ(first_choice(&loaded("other")->item_values)->current, 9);
     output_of(free_all_menuitems);
 }
+
+TEST(FreeText, MayBePartOfTheTextThatItReplaces)
+{
+    load_menu(files, {{"text", {1}, {}, VALUE_TXT, {{"abcdef", {}}}}});
+    char *own = first_choice(&loaded("text")->item_values)->u.txt.description;
+    output_of([&] { osdmenu_action_setnewtxtvalue2menuitem(loaded("text"), own + 2); });
+    EXPECT_STREQ(own, "cdef");
+}
+
+TEST(FreeText, IsTheSameForAllItemsOfTheNameAlsoWhereItIsTheFirstOnesOwn)
+{
+    load_menu(files, {{"text", {1}, {}, VALUE_TXT, {{"abcdef", {}}}}, {"text", {2}, {}, VALUE_TXT, {{"", {}}}}});
+    osdmenu_item *first = loaded("text"), *second = loaded_after(first);
+    char *own = first_choice(&first->item_values)->u.txt.description;
+    output_of([&] { osdmenu_action_setnewtxtvalue2menuitem_byname("text", own + 2); });
+    EXPECT_STREQ(first_choice(&second->item_values)->u.txt.description, "cdef");
+}

@@ -41,3 +41,30 @@ TEST(State, LockTracesItsCallerFromLevel7On)
     osdmenu_Mutex_Unlock(nullptr);
     EXPECT_EQ(traced("7:[lib osdmenu_Mutex_Unlock +") + traced("]fun:(null)\n") + traced("]fun:"), 3);
 }
+
+struct OwnName {
+    const char *name, *before; // what fills the array, all of it or up to a terminator
+    int offset;                // of the new name in it
+    const char *after;
+};
+
+class NameFromTheNameItself : public testing::TestWithParam<OwnName>
+{
+};
+
+TEST_P(NameFromTheNameItself, IsTakenAsIfItHadBeenCopiedFirst)
+{
+    std::strncpy(kz73_name, GetParam().before, sizeof kz73_name);
+    set_kz73_name(get_kz73_name() + GetParam().offset);
+    std::string expected = GetParam().after;
+    expected.resize(sizeof kz73_name);
+    EXPECT_EQ(std::string(kz73_name, sizeof kz73_name), expected);
+}
+static const char full[] = "abcdefghijklmnopqrstuvwxyzABCDEF";
+INSTANTIATE_TEST_SUITE_P(Of, NameFromTheNameItself,
+                         testing::Values(OwnName{"a_short_name", "camera", 2, "mera"},
+                                         OwnName{"the_whole_name", "camera", 0, "camera"},
+                                         OwnName{"a_full_array", full, 2, full + 2},
+                                         OwnName{"all_of_a_full_array", full, 0, full}, // too long to be taken
+                                         OwnName{"its_last_byte", full, 31, "F"}),
+                         [](const auto &row) { return row.param.name; });

@@ -1,6 +1,7 @@
 // The host's hand on the items: actions, enable marks, and values by name.
 #include "core/debug.h"
 #include "core/item_value.h"
+#include "core/texts.h"
 #include "core/walks.h"
 
 int osdmenu_register_action_byname(const char *itemname, osdmenu_action_callback action, int flag_action)
@@ -99,9 +100,11 @@ int osdmenu_disableitem_byname(const char *itemname)
     return 0;
 }
 
+// Bytes of a new text. What stands behind them in the block is left alone.
+enum { TEXT_LIMIT = 64 };
+
 int osdmenu_action_setnewtxtvalue2menuitem(struct osdmenu_item *menuitem, const char *txtvalue)
 {
-    const std::size_t text_limit = 64; // what stands behind it in the block is left alone
     if (!menuitem || !txtvalue) {
         DBG_INFO("parameters invalid!\n");
         return -1;
@@ -110,7 +113,7 @@ int osdmenu_action_setnewtxtvalue2menuitem(struct osdmenu_item *menuitem, const 
     if (!choice)
         return 0;
     if (choice->u.txt.description)
-        std::strncpy(choice->u.txt.description, txtvalue, text_limit);
+        store_text(choice->u.txt.description, TEXT_LIMIT, txtvalue, strnlen(txtvalue, TEXT_LIMIT));
     menuitem->item_values.type = VALUE_RAWTXT;
     menuitem->item_values.current = 0;
     return 0;
@@ -119,12 +122,15 @@ int osdmenu_action_setnewtxtvalue2menuitem(struct osdmenu_item *menuitem, const 
 int osdmenu_action_setnewtxtvalue2menuitem_byname(const char *itemname, const char *txtvalue)
 {
     DBG_INFO("Enter\n");
+    char text[TEXT_LIMIT + 1] = {}; // several items may bear the name, and the text may be that of the first
+    if (txtvalue)
+        std::memcpy(text, txtvalue, strnlen(txtvalue, TEXT_LIMIT));
     for (struct osdmenu_item *item = first_loaded(); item; item = loaded_after(item)) {
         if (!is_named(item->name, itemname))
             continue;
         DBG_INFO("Fit\n");
         mark(item, ITEM_MARK_ENABLED);
-        osdmenu_action_setnewtxtvalue2menuitem(item, txtvalue);
+        osdmenu_action_setnewtxtvalue2menuitem(item, txtvalue ? text : nullptr);
     }
     DBG_INFO("Leave\n");
     return 0;

@@ -2,6 +2,7 @@
 #include "core/state.h"
 
 #include "core/debug.h"
+#include "core/texts.h"
 
 constinit struct osdmenu_item osdmenu = {};
 constinit struct osdmenu_item orderized_osdmenu = {};
@@ -27,8 +28,9 @@ constinit int sc_trackingmode_max = 5;
 
 int set_kz73_name(const char *new_name)
 {
-    if (new_name && std::strlen(new_name) < sizeof kz73_name)
-        std::strncpy(kz73_name, new_name, sizeof kz73_name); // fills the rest with zeros
+    const std::size_t length = new_name ? length_in(new_name, kz73_name, sizeof kz73_name) : sizeof kz73_name;
+    if (length < sizeof kz73_name)
+        store_text(kz73_name, sizeof kz73_name, new_name, length);
     return 0;
 }
 
