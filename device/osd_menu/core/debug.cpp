@@ -1,14 +1,16 @@
 // The direct channel of the debug output.
 #include "core/debug.h"
 
+#include <algorithm>
 #include <cstdarg>
 #include <cstdio>
+#include <cstring>
 
 static char *append(char *at, const char *end, const char *text)
 {
-    while (at < end && *text != '\0')
-        *at++ = *text++;
-    return at;
+    const std::size_t length = std::min(std::strlen(text), static_cast<std::size_t>(end - at));
+    std::memcpy(at, text, length);
+    return at + length;
 }
 
 // Puts "PREFIX:FILE FUNCTION[LINE] " before a message's format, so that a line goes out whole. By hand: formatting it
