@@ -122,9 +122,9 @@ int osdmenu_action_setnewtxtvalue2menuitem(struct osdmenu_item *menuitem, const 
 int osdmenu_action_setnewtxtvalue2menuitem_byname(const char *itemname, const char *txtvalue)
 {
     DBG_INFO("Enter\n");
-    char text[TEXT_LIMIT + 1] = {}; // several items may bear the name, and the text may be that of the first
+    char text[TEXT_LIMIT + 1]; // several items may bear the name, and the text may be that of the first
     if (txtvalue)
-        std::memcpy(text, txtvalue, strnlen(txtvalue, TEXT_LIMIT));
+        store_text(text, sizeof text, txtvalue, strnlen(txtvalue, TEXT_LIMIT));
     for (struct osdmenu_item *item = first_loaded(); item; item = loaded_after(item)) {
         if (!is_named(item->name, itemname))
             continue;

@@ -44,9 +44,8 @@ const struct osdmenu_view_bitmap *symbol_at(int index)
     return index >= 0 && index < SYMBOL_COUNT ? with_pixels(osdmenu_utf16symbol_viewbitmap[index]) : nullptr;
 }
 
-static const struct load_failure no_block = {"calloc osdmenu_view_bitmap fail:", "calloc osdmenu_view_bitmap fail!"};
-static const struct load_failure no_pixels = {"calloc osdmenu_view_bitmap bitmap fail:",
-                                              "calloc osdmenu_view_bitmap bitmap fail!"};
+static const struct load_failure no_block = {"calloc osdmenu_view_bitmap", "calloc osdmenu_view_bitmap"};
+static const struct load_failure no_pixels = {"calloc osdmenu_view_bitmap bitmap", "calloc osdmenu_view_bitmap bitmap"};
 
 // One of the two files while it is read.
 struct bank_file {
@@ -116,8 +115,8 @@ int read2mem_menuitem_commonchar(const char *dir)
 {
     struct bank_file file = {
         __func__,
-        {"open menuitems_commonchar_bitmap_file fail:", "open menuitems_commonchar_bitmap_file fail!"},
-        {"read menuitems_commonchar_bitmap_file fail:", "read menuitems_commonchar_bitmap_file fail!"},
+        {"open menuitems_commonchar_bitmap_file", "open menuitems_commonchar_bitmap_file"},
+        {"read menuitems_commonchar_bitmap_file", "read menuitems_commonchar_bitmap_file"},
         {},
     };
     if (!open_reported(file.loader, &file.in, dir, "c.d", LOOKAHEAD_TEXTS, &file.not_open))
@@ -146,8 +145,8 @@ int read2mem_menuitem_utf16symbol(const char *dir)
 {
     struct bank_file file = {
         __func__,
-        {"open menuitems_utf16symbol_bitmap_file fail:", "open menuitems_utf16symbol_bitmap_file fail!"},
-        {"read menuitems_utf16symbol_bitmap_file fail:", "read menuitems_utf16symbol_bitmap_file fail!"},
+        {"open menuitems_utf16symbol_bitmap_file", "open menuitems_utf16symbol_bitmap_file"},
+        {"read menuitems_utf16symbol_bitmap_file", "read menuitems_utf16symbol_bitmap_file"},
         {},
     };
     if (!open_reported(file.loader, &file.in, dir, "s.d", LOOKAHEAD_TEXTS, &file.not_open))

@@ -5,12 +5,12 @@
 #include "core/line_walks.h"
 #include "resources/resource_fields.h"
 
-static const struct load_failure no_description = {"calloc osdmenu_item viewdescription fail:",
-                                                   "calloc osdmenu_item viewdescription fail!"};
-static const struct load_failure no_pixels = {"calloc osdhelpline viewbimap bitmap fail:",
-                                              "calloc osdhelpline viewbitmap bitmap fail!"};
+static const struct load_failure no_description = {"calloc osdmenu_item viewdescription",
+                                                   "calloc osdmenu_item viewdescription"};
+static const struct load_failure no_pixels = {"calloc osdhelpline viewbimap bitmap",
+                                              "calloc osdhelpline viewbitmap bitmap"};
 
-// The fields of a record that both kinds of line have, each where its own kind keeps it.
+// The fields that a record of either kind begins with, at the same places.
 struct line_fields {
     struct list_head *siblings;
     char **name;
@@ -18,10 +18,20 @@ struct line_fields {
     struct osdmenu_view_bitmap *viewbitmap;
 };
 
-template <class Line> static struct line_fields fields_of(void *record)
+static_assert(offsetof(struct osdbubbleline, siblings) == 0 && offsetof(struct osdhelpline, siblings) == 0);
+static_assert(offsetof(struct osdbubbleline, name) == offsetof(struct osdhelpline, name));
+static_assert(offsetof(struct osdbubbleline, viewdescription) == offsetof(struct osdhelpline, viewdescription));
+static_assert(offsetof(struct osdbubbleline, viewbitmap) == offsetof(struct osdhelpline, viewbitmap));
+
+static struct line_fields fields_of(void *record)
 {
-    Line *line = static_cast<Line *>(record);
-    return {&line->siblings, &line->name, &line->viewdescription, &line->viewbitmap};
+    char *at = static_cast<char *>(record);
+    return {
+        static_cast<struct list_head *>(record),
+        reinterpret_cast<char **>(at + offsetof(struct osdhelpline, name)),
+        reinterpret_cast<char **>(at + offsetof(struct osdhelpline, viewdescription)),
+        reinterpret_cast<struct osdmenu_view_bitmap *>(at + offsetof(struct osdhelpline, viewbitmap)),
+    };
 }
 
 // What tells the two loaders apart.
@@ -30,7 +40,6 @@ struct line_kind {
     const char *meta_name;
     const char *data_name;
     std::size_t record_size;
-    struct line_fields (*fields)(void *record);
     struct list_head *lines;
 };
 
@@ -40,12 +49,12 @@ static enum load_course fail_for(const struct line_kind *kind, const struct load
     return FAIL;
 }
 
-// `siblings` stands first in either record: the node is the record.
-static void free_lines(const struct line_kind *kind)
+// `siblings` stands first in a record: the node is the record.
+static void free_lines(struct list_head *lines)
 {
-    for (struct list_head *node = list_next(kind->lines, kind->lines); node;) {
-        struct list_head *next = list_next(node, kind->lines);
-        const struct line_fields line = kind->fields(node);
+    for (struct list_head *node = list_next(lines, lines); node;) {
+        struct list_head *next = list_next(node, lines);
+        const struct line_fields line = fields_of(node);
         std::free(*line.name);
         std::free(line.viewbitmap->bitmap);
         std::free(*line.viewdescription);
@@ -102,7 +111,7 @@ static enum load_course load_line(const struct line_kind *kind, struct reader *m
         std::free(record);
         return course;
     }
-    const struct line_fields line = kind->fields(record);
+    const struct line_fields line = fields_of(record);
     forget_file_pointers(&line);
     DBG_INFO_AS(kind->loader, "got a osdmenu_item\n");
     list_add_tail(line.siblings, kind->lines);
@@ -128,7 +137,7 @@ static int load_in_place_of_old(const struct line_kind *kind, const char *dir)
         close_reported(kind->loader, &meta, &meta_not_closed);
         return -1;
     }
-    free_lines(kind);
+    free_lines(kind->lines);
     list_init(kind->lines);
     enum load_course end = load_lines(kind, &meta, &data);
     close_reported(kind->loader, &meta, &meta_not_closed);
@@ -138,15 +147,13 @@ static int load_in_place_of_old(const struct line_kind *kind, const char *dir)
 
 int read2mem_helpline(const char *dir)
 {
-    const struct line_kind kind = {
-        __func__, "hm.d", "hb.d", sizeof(struct osdhelpline), fields_of<struct osdhelpline>, &osdhelp.siblings};
+    const struct line_kind kind = {__func__, "hm.d", "hb.d", sizeof(struct osdhelpline), &osdhelp.siblings};
     return load_in_place_of_old(&kind, dir);
 }
 
 int read2mem_bubbleline(const char *dir)
 {
-    const struct line_kind kind = {
-        __func__, "bm.d", "bb.d", sizeof(struct osdbubbleline), fields_of<struct osdbubbleline>, &osbbubble.siblings};
+    const struct line_kind kind = {__func__, "bm.d", "bb.d", sizeof(struct osdbubbleline), &osbbubble.siblings};
     return load_in_place_of_old(&kind, dir);
 }
 

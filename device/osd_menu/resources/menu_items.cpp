@@ -10,20 +10,19 @@
 static const char LOADER[] = "read2mem_all_menuitems";
 static const char RELEASE[] = "free_all_menuitems";
 
-static const struct load_failure no_description = {"calloc osdmenu_item view description fail:",
-                                                   "calloc osdmenu_item view description fail!"};
-static const struct load_failure no_view = {"calloc osdmenu_item view viewbimap bitmap fail:",
-                                            "calloc osdmenu_item view viewbitmap bitmap fail!"};
-static const struct load_failure no_choice = {"calloc new_itemvalue fail:", "calloc new_itemvalue fail!"};
-static const struct load_failure choice_unreadable = {"read new_itemvalue from meta_file fail:",
-                                                      "read new_itemvalue from meta_file fail!"};
-static const struct load_failure no_choice_description = {"calloc new_itemvalue txt description fail:",
-                                                          "calloc new_itemvalue txt description fail!"};
-static const struct load_failure no_choice_picture = {"calloc item_value txt viewbitmap bitmp fail:",
-                                                      "calloc item_value txt viewbitmap bitmap fail!"};
-static const struct load_failure choice_picture_unreadable = {
-    "read item_value txt viewbitmap bitmp from data_file fail:",
-    "read item_value txt viewbitmap bitmap data_file fail!"};
+static const struct load_failure no_description = {"calloc osdmenu_item view description",
+                                                   "calloc osdmenu_item view description"};
+static const struct load_failure no_view = {"calloc osdmenu_item view viewbimap bitmap",
+                                            "calloc osdmenu_item view viewbitmap bitmap"};
+static const struct load_failure no_choice = {"calloc new_itemvalue", "calloc new_itemvalue"};
+static const struct load_failure choice_unreadable = {"read new_itemvalue from meta_file",
+                                                      "read new_itemvalue from meta_file"};
+static const struct load_failure no_choice_description = {"calloc new_itemvalue txt description",
+                                                          "calloc new_itemvalue txt description"};
+static const struct load_failure no_choice_picture = {"calloc item_value txt viewbitmap bitmp",
+                                                      "calloc item_value txt viewbitmap bitmap"};
+static const struct load_failure choice_picture_unreadable = {"read item_value txt viewbitmap bitmp from data_file",
+                                                              "read item_value txt viewbitmap bitmap data_file"};
 
 struct item_files {
     struct reader meta;

@@ -9,19 +9,21 @@
 
 enum { TEXT_LENGTH = 128, PICTURE_SPARE = 4 };
 
-const struct load_failure meta_not_open = {"open meta_file fail:", "open meta_file fail!"};
-const struct load_failure data_not_open = {"open data_file fail:", "open data_file fail!"};
-const struct load_failure meta_not_closed = {"close meta_file fail:", "close meta_file fail!"};
-const struct load_failure data_not_closed = {"close data_file fail:", "close data_file fail!"};
-const struct load_failure meta_unreadable = {"read meta_file fail:", "read meta_file fail!"};
-const struct load_failure data_unreadable = {"read data_file fail:", "read data_file fail!"};
-const struct load_failure no_record = {"calloc osdmenu_item fail:", "calloc newitem fail!"};
-const struct load_failure no_name = {"calloc osdmenu_item name fail:", "calloc newitem name fail!"};
+const struct load_failure meta_not_open = {"open meta_file", "open meta_file"};
+const struct load_failure data_not_open = {"open data_file", "open data_file"};
+const struct load_failure meta_not_closed = {"close meta_file", "close meta_file"};
+const struct load_failure data_not_closed = {"close data_file", "close data_file"};
+const struct load_failure meta_unreadable = {"read meta_file", "read meta_file"};
+const struct load_failure data_unreadable = {"read data_file", "read data_file"};
+const struct load_failure no_record = {"calloc osdmenu_item", "calloc newitem"};
+const struct load_failure no_name = {"calloc osdmenu_item name", "calloc newitem name"};
 
 void report_failure(const char *loader, const struct load_failure *failure)
 {
-    std::perror(failure->perror_text);
-    DBG_ERR_AS(loader, "%s\n", failure->line);
+    char text[80];
+    std::snprintf(text, sizeof text, "%s fail:", failure->to_perror);
+    std::perror(text);
+    DBG_ERR_AS(loader, "%s fail!\n", failure->to_line);
 }
 
 bool open_reported(const char *loader, struct reader *file, const char *dir, const char *file_name,

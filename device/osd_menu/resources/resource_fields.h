@@ -6,10 +6,10 @@
 #include "osd_menu.h"
 #include "resources/file_reader.h"
 
-// The two texts of a failure: that of perror, and that of the line behind it.
+// What failed: in the words of perror, and in those of the line behind it.
 struct load_failure {
-    const char *perror_text;
-    const char *line;
+    const char *to_perror;
+    const char *to_line;
 };
 
 // What the loaders of items and of lines say in the same words.

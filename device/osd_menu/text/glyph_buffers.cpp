@@ -91,26 +91,17 @@ void get_osdmenu_common_bitmap_with_margin(const char *msg, int msg_max, int *x_
                  wrapping_add(*y_pos_cur, top_margin), dst_viewarea_buffer);
 }
 
-// A buffer of the caller's with the pen of a text in it. Sizes and pens count pixels.
+// A buffer of the caller's with the pen of a text in it. Its size is a product of 32 bits, as it is reported.
 struct caller_buffer {
-    char *memory;
-    int width;
-    int height;
+    struct paint_area area;
+    int width;     // pixels
+    int height;    // pixels
     int pixelsize; // bytes
-    int x;
+    int size;      // bytes
+    int x;         // pixels
     int y;
     int reports_left; // of rows past the end: a file may give a glyph a height without end
 };
-
-static int buffer_size(const struct caller_buffer *buffer)
-{
-    return wrapping_mul(wrapping_mul(buffer->width, buffer->height), buffer->pixelsize);
-}
-
-static int buffer_offset(const struct caller_buffer *buffer, int x, int y)
-{
-    return wrapping_mul(wrapping_add(wrapping_mul(y, buffer->width), x), buffer->pixelsize);
-}
 
 // Moves the pen behind the glyph, on the next line where this one has no room. A line is as far down as the glyph at
 // hand is high. False where the buffer ends.
@@ -130,46 +121,33 @@ static bool advance(const char *function, struct caller_buffer *buffer, const st
     return false;
 }
 
-// How many rows of a glyph, from its top, end inside the buffer. At a pitch that no memory has, none does.
-static std::int64_t rows_before_end(const struct caller_buffer *buffer, std::int64_t offset, int width)
+// How many rows, from the first at that offset on, end inside the buffer. At a pitch that no memory has, none does.
+static std::int64_t rows_before_end(const struct caller_buffer *buffer, int offset, int width)
 {
-    const std::int64_t pitch = wrapping_mul(buffer->width, buffer->pixelsize);
-    const std::int64_t distance = std::int64_t{buffer_size(buffer)} - width - offset;
-    return pitch <= 0 || distance < 0 ? 0 : distance / pitch + 1;
+    const std::int64_t distance = std::int64_t{buffer->size} - width - offset;
+    return buffer->area.row_pitch <= 0 || distance < 0 ? 0 : distance / buffer->area.row_pitch + 1;
 }
 
-static void copy_rows(const struct caller_buffer *buffer, int column, std::int64_t end, const struct pixel_block *block)
-{
-    const struct paint_area area = {buffer->memory, static_cast<std::size_t>(std::max(buffer_size(buffer), 0)),
-                                    wrapping_mul(buffer->width, buffer->pixelsize)};
-    const struct row_range rows = rows_touching(&area, buffer_offset(buffer, column, buffer->y), block);
-    for (std::int64_t i = rows.first; i < std::min(rows.end, end); i++) {
-        const struct pixel_block row = row_of(block, i);
-        row_copy(&area, buffer_offset(buffer, column, wrapping_add(buffer->y, static_cast<int>(i))), &row);
-    }
-}
-
-// Each row that would leave the buffer is reported, also one without bytes of its own.
-static void report_rows(const char *function, struct caller_buffer *buffer, int column, std::int64_t first,
-                        const struct osdmenu_view_bitmap *glyph)
-{
-    const std::int64_t end = std::min<std::int64_t>(glyph->height, first + buffer->reports_left);
-    for (std::int64_t i = first; i < end; i++, buffer->reports_left--)
-        LIB_TRACE_AS(function, LOG_WORKAROUND, "copy out of bounds: dst=%d, size=%d, max=%d\n",
-                     buffer_offset(buffer, column, wrapping_add(buffer->y, static_cast<int>(i))),
-                     static_cast<int>(glyph->width), buffer_size(buffer));
-}
-
-// The pen is behind the glyph by now: its left column is the pen less its own width.
+// The pen is behind the glyph by now: its left column is the pen less its own width. Rows that would leave the buffer
+// are reported one by one, also those without bytes of their own.
 static void paint_behind_pen(const char *function, struct caller_buffer *buffer,
                              const struct osdmenu_view_bitmap *glyph)
 {
     const struct pixel_block block = strided_block(glyph);
     const int width = static_cast<int>(glyph->width);
     const int column = wrapping_sub(buffer->x, width / buffer->pixelsize);
-    const std::int64_t end = rows_before_end(buffer, buffer_offset(buffer, column, buffer->y), width);
-    copy_rows(buffer, column, end, &block);
-    report_rows(function, buffer, column, end, glyph);
+    const int pixels = wrapping_add(wrapping_mul(buffer->y, buffer->width), column);
+    const int offset = wrapping_mul(pixels, buffer->pixelsize);
+    const int pitch = static_cast<int>(buffer->area.row_pitch);
+    const std::int64_t inside = rows_before_end(buffer, offset, width);
+    const struct row_range rows = rows_touching(&buffer->area, offset, &block);
+    for (std::int64_t i = rows.first; i < std::min(rows.end, inside); i++) {
+        const struct pixel_block row = row_of(&block, i);
+        row_copy(&buffer->area, wrapping_add(offset, wrapping_mul(static_cast<int>(i), pitch)), &row);
+    }
+    for (std::int64_t i = inside; i < block.height && buffer->reports_left > 0; i++, buffer->reports_left--)
+        LIB_TRACE_AS(function, LOG_WORKAROUND, "copy out of bounds: dst=%d, size=%d, max=%d\n",
+                     wrapping_add(offset, wrapping_mul(static_cast<int>(i), pitch)), width, buffer->size);
 }
 
 int get_osdmenu_common_bitmap_ex(const char *msg, int msg_max, int *x_pos_cur, int *y_pos_cur, char *dst_buffer,
@@ -178,8 +156,11 @@ int get_osdmenu_common_bitmap_ex(const char *msg, int msg_max, int *x_pos_cur, i
     if (!msg || !x_pos_cur || !y_pos_cur || !dst_buffer || msg_max <= 0 || buffer_width <= 0 || buffer_height <= 0 ||
         pixelsize <= 0)
         return -1;
-    struct caller_buffer buffer = {dst_buffer, buffer_width, buffer_height, pixelsize,
-                                   *x_pos_cur, *y_pos_cur,   MOST_REPORTS};
+    const int size = wrapping_mul(wrapping_mul(buffer_width, buffer_height), pixelsize);
+    const struct paint_area area = {dst_buffer, static_cast<std::size_t>(std::max(size, 0)),
+                                    wrapping_mul(buffer_width, pixelsize)};
+    struct caller_buffer buffer = {area, buffer_width, buffer_height, pixelsize,
+                                   size, *x_pos_cur,   *y_pos_cur,    MOST_REPORTS};
     DBG_ERR("msg:%s max:%d\n", msg, msg_max);
     for (int j = 0; j < msg_max; j++) {
         const struct osdmenu_view_bitmap *glyph = glyph_or_space(__func__, msg[j], " ");
