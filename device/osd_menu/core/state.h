@@ -32,10 +32,10 @@ extern int g_meetingCameraHelpLineStatus; // 1 when pages end with the help bloc
 extern int osdmenu_status;                // a word of the host's; written by its setter
 extern pthread_mutex_t osdmenu_mutex;     // taken by osdmenu_Mutex_Lock alone
 
-// A missing name matches nothing.
+// A missing name matches nothing, and most names differ in their first letter.
 inline bool is_named(const char *own_name, const char *name)
 {
-    return own_name && name && std::strcmp(own_name, name) == 0;
+    return own_name && name && *own_name == *name && std::strcmp(own_name, name) == 0;
 }
 
 // Every mark but this one means enabled.
