@@ -18,12 +18,11 @@ static char *append(char *at, const char *end, const char *text)
 static void prepend(char *format, std::size_t size, const char *prefix, const char *file, const char *function,
                     int line, const char *message)
 {
+    char place[] = "[0000] ";
+    for (int i = 4; i > 0; i--, line /= 10)
+        place[i] = static_cast<char>('0' + line % 10);
     const char *const end = format + size - 1;
-    char digits[5] = {};
-    for (int i = 3; i >= 0; i--, line /= 10)
-        digits[i] = static_cast<char>('0' + line % 10);
-    const char *const parts[] = {prefix, ":", file, " ", function, "[", digits, "] ", message};
-    for (const char *part : parts)
+    for (const char *part : {prefix, file, " ", function, static_cast<const char *>(place), message})
         format = append(format, end, part);
     *format = '\0';
 }
@@ -41,7 +40,7 @@ void dbg_info(const char *file, const char *function, int line, const char *form
 {
     std::va_list arguments;
     va_start(arguments, format);
-    print_line(stdout, "DBG_INFO", file, function, line, format, arguments);
+    print_line(stdout, "DBG_INFO:", file, function, line, format, arguments);
     va_end(arguments);
 }
 
@@ -49,7 +48,7 @@ void dbg_out_info(const char *file, const char *function, int line, const char *
 {
     std::va_list arguments;
     va_start(arguments, format);
-    print_line(stdout, "DBG_OUT_INFO", file, function, line, format, arguments);
+    print_line(stdout, "DBG_OUT_INFO:", file, function, line, format, arguments);
     va_end(arguments);
 }
 
@@ -57,6 +56,6 @@ void dbg_err(const char *file, const char *function, int line, const char *forma
 {
     std::va_list arguments;
     va_start(arguments, format);
-    print_line(stderr, "DBG_ERR", file, function, line, format, arguments);
+    print_line(stderr, "DBG_ERR:", file, function, line, format, arguments);
     va_end(arguments);
 }
