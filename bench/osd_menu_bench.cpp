@@ -1,86 +1,70 @@
 // Each benchmark runs its floor and the library in turns, and reports the ratio of the two: of the minima, and the
 // median of the pairs. A floor moves the same bytes with plain fills, copies and reads, and does nothing else.
 //
+// Where nothing but pictures is painted, pixman paints the same ones in a turn of its own, and has its ratios to the
+// floor as well.
+//
 // The library's direct lines go to /dev/null and stay in what is measured; how long as many bare lines take stands in a
 // benchmark of its own.
 #include <algorithm>
-#include <benchmark/benchmark.h>
-#include <chrono>
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
 #include <fstream>
-#include <functional>
 #include <malloc.h>
+#include <memory>
+#include <pixman.h>
 #include <sys/resource.h>
 #include <sys/uio.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "contest.h"
 #include "core/layout.h"
 #include "core/view_buffer.h"
 #include "core/walks.h"
 #include "resources/glyph_banks.h"
+#include "resources/resource_fields.h"
 #include "support/resources.h"
 
-using Work = std::function<void()>;
-
-static double seconds_of(const Work &work)
-{
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    benchmark::ClobberMemory();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
-static double median(std::vector<double> values)
-{
-    std::nth_element(values.begin(), values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2), values.end());
-    return values[values.size() / 2];
-}
-
-// Runs both in turns, changing who goes first. `reset` runs before each, outside the clock.
-static void compare(
-    benchmark::State &state, const Work &floor, const Work &ours, const Work &reset = [] {})
-{
-    std::vector<double> floors, times, ratios;
-    for (auto _ : state) {
-        const bool floor_first = times.size() % 2 == 0;
-        double floor_time = 0, our_time = 0;
-        for (int turn = 0; turn < 2; turn++) {
-            reset();
-            if ((turn == 0) == floor_first)
-                floor_time = seconds_of(floor);
-            else
-                our_time = seconds_of(ours);
-        }
-        floors.push_back(floor_time);
-        times.push_back(our_time);
-        ratios.push_back(our_time / floor_time);
-        state.SetIterationTime(our_time);
+struct Unref {
+    void operator()(pixman_image_t *image) const
+    {
+        pixman_image_unref(image);
     }
-    const double least = *std::min_element(times.begin(), times.end());
-    const double least_floor = *std::min_element(floors.begin(), floors.end());
-    state.counters["ratio_min"] = least / least_floor;
-    state.counters["ratio_median"] = median(ratios);
-    state.counters["ours_us"] = least * 1e6;
-    state.counters["floor_us"] = least_floor * 1e6;
+};
+using Image = std::unique_ptr<pixman_image_t, Unref>;
+
+static Image image_of(char *pixels, int width, int height, int pitch)
+{
+    return Image(
+        pixman_image_create_bits_no_clear(PIXMAN_r5g6b5, width, height, reinterpret_cast<uint32_t *>(pixels), pitch));
 }
 
-// Rows to copy, as a floor does it: one memcpy each, with nothing to work out.
+// Pictures to paint: as a floor does it, one memcpy for each row with nothing to work out; and as pixman is used, one
+// composite for each picture, from and to images that were made before, all in one format.
 struct Copies {
     struct Row {
         char *to;
         const char *from;
         std::size_t bytes;
     };
+    struct Picture {
+        Image image;
+        int x, y, width, height;
+    };
     std::vector<Row> rows;
+    std::vector<Picture> pictures;
+    Image view = image_of(osdmenu_viewbuffer, osdmenu_viewarea_width, osdmenu_viewarea_height,
+                          static_cast<int>(view_area().row_pitch));
 
     void add(int x, int y, const osdmenu_view_bitmap &picture, unsigned pitch)
     {
-        for (unsigned row = 0; row < picture.height; row++)
-            rows.push_back({osdmenu_viewbuffer + view_offset(x, y + static_cast<int>(row)),
-                            picture.bitmap + row * pitch, picture.width});
+        const int width = pixels_of(picture.width), height = static_cast<int>(picture.height);
+        for (int row = 0; row < height; row++)
+            rows.push_back({osdmenu_viewbuffer + view_offset(x, y + row),
+                            picture.bitmap + static_cast<unsigned>(row) * pitch, picture.width});
+        pictures.push_back({image_of(picture.bitmap, width, height, static_cast<int>(pitch)), x, y, width, height});
     }
 
     int add_text(int x, int y, const std::string &text)
@@ -98,7 +82,31 @@ struct Copies {
         for (const Row &row : rows)
             std::memcpy(row.to, row.from, row.bytes);
     }
+
+    void run_pixman() const
+    {
+        for (const Picture &picture : pictures)
+            pixman_image_composite32(PIXMAN_OP_SRC, picture.image.get(), nullptr, view.get(), 0, 0, 0, 0, picture.x,
+                                     picture.y, picture.width, picture.height);
+    }
 };
+
+static std::string picture_of(const Work &paint)
+{
+    clear_whole_view();
+    paint();
+    return {osdmenu_viewbuffer, static_cast<std::size_t>(osdmenu_viewbuffer_size)};
+}
+
+static void compare_paint(benchmark::State &state, const Copies &copies, const Work &ours)
+{
+    const Contest contest = {[&] { copies.run(); }, ours, [&] { copies.run_pixman(); }};
+    const std::string picture = picture_of(ours);
+    if (picture != picture_of(contest.floor) || picture != picture_of(contest.pixman))
+        state.SkipWithError("The three paint different pictures");
+    else
+        compare(state, contest);
+}
 
 enum { VIEW_WIDTH = 1760, VIEW_HEIGHT = 1160, ROW_HEIGHT = 48, GLYPH_WIDTH = 48, PAGE_ROWS = 14 };
 
@@ -167,15 +175,13 @@ static void fill_background(benchmark::State &state)
         auto *words = reinterpret_cast<unsigned *>(osdmenu_viewbuffer);
         std::fill_n(words, osdmenu_viewbuffer_size / 4, static_cast<unsigned>(osdmenu_default_color));
     };
-    compare(state, plain_fill, [] { osdmenu_viewbuffer_fill_background(); });
+    compare(state, {plain_fill, [] { osdmenu_viewbuffer_fill_background(); }});
 }
 
 static void page(benchmark::State &state, bool numbers)
 {
     load_page(numbers);
-    const Copies copies = copies_of_page();
-    compare(
-        state, [&] { copies.run(); }, [] { osdmenu_draw_allitems(); });
+    compare_paint(state, copies_of_page(), [] { osdmenu_draw_allitems(); });
 }
 
 static void write_lines(int count)
@@ -198,9 +204,7 @@ static void text_line(benchmark::State &state)
     static const char text[] = "Firmware 2.10.4 is ready to be installed";
     Copies copies;
     copies.add_text(20, 20, text);
-    compare(
-        state, [&] { copies.run(); },
-        [] { osdmenu_draw_string_at_position(20, 20, text, static_cast<int>(sizeof text)); });
+    compare_paint(state, copies, [] { osdmenu_draw_string_at_position(20, 20, text, static_cast<int>(sizeof text)); });
 }
 
 // The bubble clears the whole view first, and so does its floor.
@@ -209,13 +213,11 @@ static void bubble(benchmark::State &state)
     Copies copies;
     copies.add_text(20, 20, "Firmware 2.10.4 is r");
     copies.add_text(20, 20 + fontSize(), "eady to be installed");
-    compare(
-        state,
-        [&] {
-            std::memset(osdmenu_viewbuffer, 0, static_cast<std::size_t>(osdmenu_viewbuffer_size));
-            copies.run();
-        },
-        [] { get_osdmenu_bubble("Firmware 2.10.4 is r\neady to be installed", 20, 20); });
+    const auto floor = [&] {
+        std::memset(osdmenu_viewbuffer, 0, static_cast<std::size_t>(osdmenu_viewbuffer_size));
+        copies.run();
+    };
+    compare(state, {floor, [] { get_osdmenu_bubble("Firmware 2.10.4 is r\neady to be installed", 20, 20); }});
 }
 
 // Without a configuration the current item shows two groups of symbols and text, and a line. Painting its three texts
@@ -244,29 +246,33 @@ static void help_block(benchmark::State &state, int lines_in_floor)
         copies.run();
         write_lines(lines_in_floor);
     };
-    compare(state, floor, [] { osdmenu_draw_meeting_camera_helpline(); });
+    compare(state, {floor, [] { osdmenu_draw_meeting_camera_helpline(); }});
 }
 
-enum { LOAD_ITEMS = 300, LOAD_HEIGHT = 48, LOAD_WIDTH = 584 }; // 8.4 MB of pictures
+enum { LOAD_ITEMS = 300, LOAD_HEIGHT = 48, LOAD_WIDTH = 584, LOAD_ROUNDS = 200 }; // 8.4 MB of pictures
 
-// The same files into fresh blocks of the same sizes: all records with one read, the content of each item with one.
+// The same files into the same blocks, allocated in the loader's order and as it allocates them: all records with one
+// read, the content of each item with one.
 static std::vector<void *> read_into_blocks(const std::vector<Item> &items)
 {
     std::vector<void *> blocks;
-    const auto block = [&](std::size_t size, std::size_t bytes) {
-        return iovec{blocks.emplace_back(std::calloc(1, size)), bytes};
+    std::vector<iovec> records, contents;
+    const auto add = [&](std::vector<iovec> &list, void *block, std::size_t bytes) {
+        blocks.push_back(block);
+        list.push_back({block, bytes});
     };
     const int meta = open((resources().path() + "m.d").c_str(), O_RDONLY);
     const int data = open((resources().path() + "b.d").c_str(), O_RDONLY);
-    std::vector<iovec> records;
-    for (std::size_t i = 0; i < items.size(); i++)
-        records.push_back(block(sizeof(osdmenu_item), sizeof(osdmenu_item)));
-    ssize_t got = readv(meta, records.data(), static_cast<int>(records.size()));
+    ssize_t got = 0;
     for (const Item &item : items) {
-        const iovec content[] = {block(132, item.name.size() + 1), block(132, item.description.size() + 1),
-                                 block(LOAD_HEIGHT * LOAD_WIDTH + 4, LOAD_HEIGHT * LOAD_WIDTH)};
-        got = std::min(got, readv(data, content, 3));
+        add(records, std::calloc(1, sizeof(osdmenu_item)), sizeof(osdmenu_item));
+        contents.clear();
+        add(contents, std::calloc(1, TEXT_BLOCK), item.name.size() + 1);
+        add(contents, std::calloc(1, TEXT_BLOCK), item.description.size() + 1);
+        add(contents, allocate_picture(LOAD_HEIGHT * LOAD_WIDTH), LOAD_HEIGHT * LOAD_WIDTH);
+        got = std::min(got, readv(data, contents.data(), static_cast<int>(contents.size())));
     }
+    got = std::min(got, readv(meta, records.data(), static_cast<int>(records.size())));
     if (got < 0)
         std::abort();
     close(meta);
@@ -320,10 +326,10 @@ static void load(benchmark::State &state)
     reset();
     state.counters["peak_KiB"] = peak_of_load();
     state.counters["blocks_KiB"] =
-        LOAD_ITEMS * (sizeof(osdmenu_item) + 2 * 132 + LOAD_HEIGHT * LOAD_WIDTH + 4) / 1024.0;
-    compare(
-        state, [&] { blocks = read_into_blocks(items); }, [] { read2mem_all_menuitems(resources().path().c_str()); },
-        reset);
+        LOAD_ITEMS * (sizeof(osdmenu_item) + 2 * TEXT_BLOCK + LOAD_HEIGHT * LOAD_WIDTH + 4) / 1024.0;
+    compare(state, {.floor = [&] { blocks = read_into_blocks(items); },
+                    .ours = [] { read2mem_all_menuitems(resources().path().c_str()); },
+                    .reset = reset});
     reset();
 }
 
@@ -352,7 +358,7 @@ int main(int argc, char **argv)
     dup2(null, STDERR_FILENO);
     set_up();
     const auto add = [](const char *name, void (*run)(benchmark::State &)) {
-        benchmark::RegisterBenchmark(name, run)->UseManualTime()->Unit(benchmark::kMicrosecond);
+        return benchmark::RegisterBenchmark(name, run)->UseManualTime()->Unit(benchmark::kMicrosecond);
     };
     add("fill_background", fill_background);
     add("page_without_numbers", [](benchmark::State &state) { page(state, false); });
@@ -362,7 +368,7 @@ int main(int argc, char **argv)
     add("bubble_40_glyphs", bubble);
     add("help_block", [](benchmark::State &state) { help_block(state, 0); });
     add("help_block_beside_lines", [](benchmark::State &state) { help_block(state, 6); });
-    add("load_300_items", load);
+    add("load_300_items", load)->Iterations(LOAD_ROUNDS);
     benchmark::ConsoleReporter reporter(benchmark::ConsoleReporter::OO_Tabular);
     reporter.SetOutputStream(&report);
     reporter.SetErrorStream(&report);
