@@ -1,6 +1,9 @@
 // The painters of one row, down to the row copy under them all. Glyph i of the bank is filled with i + 1.
 #include <climits>
+#include <numeric>
+#include <random>
 #include <sstream>
+#include <sys/mman.h>
 
 #include "resources/glyph_banks.h"
 #include "support/host.h"
@@ -85,4 +88,54 @@ TEST(RowPainters, ABlockTouchesNoMemoryButItsOwnAndTheBuffers)
     osdmenu_viewbuffer_malloc(1, 100000); // all 65537 rows would find room
     osdmenu_draw_itemview(0, 0, &wrapped);
     EXPECT_EQ(std::string(osdmenu_viewbuffer, 65537), flood + '\0');
+}
+
+// What a plain walk leaves: row after row and byte after byte, of what the block and the area own.
+static std::vector<char> row_after_row(std::vector<char> area, int offset, int row_pitch, const pixel_block &block)
+{
+    const unsigned owned = block.height * block.pitch;
+    for (unsigned row = 0; row < block.height && row * block.pitch < owned; row++)
+        for (unsigned i = 0; i < block.width && row * block.pitch + i < owned; i++)
+            if (const int place = offset + static_cast<int>(row) * row_pitch + static_cast<int>(i);
+                place >= 0 && place < static_cast<int>(area.size()))
+                area[static_cast<std::size_t>(place)] = block.pixels[row * block.pitch + i];
+    return area;
+}
+
+TEST(RowCopy, LeavesWhatRowAfterRowWouldLeaveAtEveryPitch)
+{
+    std::minstd_rand random;
+    const auto between = [&](int low, int high) { return low + static_cast<int>(random() % unsigned(high - low + 1)); };
+    // The last two own 5 and 9 bytes at pitches of 3 and 5, as 32-bit products.
+    const unsigned heights[] = {1, 2, 3, 4, 0x55555557, 0x33333335};
+    for (int drawn = 0; drawn < 300000; drawn++) {
+        pixel_block block = {nullptr, heights[between(0, 5)], unsigned(between(1, 8)), unsigned(between(0, 6))};
+        if (block.height * block.pitch > 24)
+            continue;
+        std::vector<char> pixels(block.height * block.pitch), bytes(unsigned(between(1, 14)), '.');
+        std::iota(pixels.begin(), pixels.end(), 'a');
+        block.pixels = pixels.data();
+        const int offset = between(-16, 16), row_pitch = between(-7, 7);
+        const std::vector<char> expected = row_after_row(bytes, offset, row_pitch, block);
+        const paint_area area = {bytes.data(), bytes.size(), row_pitch};
+        row_copy(&area, offset, &block);
+        ASSERT_EQ(bytes, expected) << "offset " << offset << ", row pitch " << row_pitch << ", height " << block.height
+                                   << ", width " << block.width << ", pitch " << block.pitch;
+    }
+}
+
+// Nearly all of its bytes are never touched, and so take no memory.
+TEST(RowCopy, LaysARowForEachOfFourBillionBytesOnOnePlaceAtOnce)
+{
+    const std::size_t size = 4000000000;
+    void *const map = mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+    ASSERT_NE(map, MAP_FAILED);
+    char *const pixels = static_cast<char *>(map);
+    pixels[size - 1] = 'z'; // the one byte of the last row, and the end of every row before it that is cut short
+    const pixel_block block = {pixels, 4000000000, 1000000, 1};
+    std::string bytes(1000000, '.');
+    const paint_area area = {bytes.data(), bytes.size(), 0};
+    row_copy(&area, 0, &block);
+    EXPECT_TRUE(bytes == std::string(1000000, 'z'));
+    munmap(map, size);
 }

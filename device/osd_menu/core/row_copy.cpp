@@ -64,6 +64,11 @@ static bool fits(const struct paint_area *area, std::int64_t offset, const struc
     return static_cast<std::uint64_t>(offset) + last_row + block->width <= area->size;
 }
 
+static bool is_out_of_reach(std::int64_t offset)
+{
+    return offset <= -OUT_OF_REACH || offset >= OUT_OF_REACH;
+}
+
 // How many rows it takes to go further than a distance in bytes.
 static std::int64_t rows_to_pass(std::int64_t distance, std::int64_t row_pitch)
 {
@@ -76,7 +81,7 @@ struct row_range rows_touching(const struct paint_area *area, std::int64_t offse
     std::int64_t rows = rows_owned(block);
     std::int64_t size = static_cast<std::int64_t>(area->size);
     std::int64_t pitch = area->row_pitch;
-    if (offset <= -OUT_OF_REACH || offset >= OUT_OF_REACH)
+    if (is_out_of_reach(offset))
         return {0, 0};
     if (pitch == 0) // all rows fall on one place, where the last one stays
         return {std::max<std::int64_t>(rows - 1, 0), rows};
@@ -94,6 +99,21 @@ static void copy_part_inside(const struct paint_area *area, std::int64_t offset,
         std::memcpy(area->memory + (offset + start), from + start, static_cast<std::size_t>(end - start));
 }
 
+// All rows fall on one place, and where the last ones are cut short, each leaves the end of the row before it. So from
+// the last row up each gives what those behind it left open, until the place is full.
+static void copy_rows_to_one_place(const struct paint_area *area, std::int64_t offset, const struct pixel_block *block)
+{
+    std::int64_t done = std::max<std::int64_t>(-offset, 0);
+    std::int64_t end = std::min<std::int64_t>(block->width, static_cast<std::int64_t>(area->size) - offset);
+    std::int64_t row =
+        std::min<std::int64_t>(block->height, rows_to_pass(std::int64_t{block_size(block)} - 1 - done, block->pitch));
+    while (done < end && row-- > 0) {
+        struct pixel_block part = row_of(block, row);
+        copy_part_inside(area, offset + done, part.pixels + done, part.width - done);
+        done = part.width;
+    }
+}
+
 static void copy_rows_inside(const struct paint_area *area, std::int64_t offset, const struct pixel_block *block)
 {
     struct row_range rows = rows_touching(area, offset, block);
@@ -109,6 +129,8 @@ void row_copy(const struct paint_area *area, std::int64_t offset, const struct p
         return;
     if (fits(area, offset, block))
         copy_rows(area->memory + offset, area->row_pitch, *block);
+    else if (area->row_pitch == 0 && !is_out_of_reach(offset))
+        copy_rows_to_one_place(area, offset, block);
     else
         copy_rows_inside(area, offset, block);
 }
