@@ -124,6 +124,20 @@ TEST(RowCopy, LeavesWhatRowAfterRowWouldLeaveAtEveryPitch)
     }
 }
 
+TEST(RowCopy, CopiesRowsOfEveryWidthAndNothingBesideThem)
+{
+    for (unsigned width = 1; width <= 300; width++)
+        for (const int row_pitch : {int(width) + 5, int(width), int(width) - 1, int(width + 1) / 2}) {
+            std::vector<char> pixels(3 * (width + 2)), bytes(1000, '.');
+            std::iota(pixels.begin(), pixels.end(), '\0');
+            const pixel_block block = {pixels.data(), 3, width, width + 2};
+            const std::vector<char> expected = row_after_row(bytes, 7, row_pitch, block);
+            const paint_area area = {bytes.data(), bytes.size(), row_pitch};
+            row_copy(&area, 7, &block);
+            ASSERT_TRUE(bytes == expected) << "width " << width << ", row pitch " << row_pitch;
+        }
+}
+
 // Nearly all of its bytes are never touched, and so take no memory.
 TEST(RowCopy, LaysARowForEachOfFourBillionBytesOnOnePlaceAtOnce)
 {

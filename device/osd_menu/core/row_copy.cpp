@@ -4,46 +4,51 @@
 #include <algorithm>
 #include <cstring>
 
-// A call of memcpy costs more than a row as short as this, in bytes.
-static const std::uint32_t SHORT_ROW = 128;
+// Rows of fewer bytes than this are too rare for a way of their own.
+static const std::uint32_t LEAST_FAST_WIDTH = 8;
 
 // Beyond this distance from its area, in bytes, nothing can be reached, and no sum overflows before it.
 static const std::int64_t OUT_OF_REACH = std::int64_t{1} << 61;
 
-// Two pieces that overlap cover any width from one to two pieces.
-template <std::size_t piece> static inline void copy_two(char *to, const char *from, std::size_t width)
-{
-    std::memcpy(to, from, piece);
-    std::memcpy(to + width - piece, from + width - piece, piece);
-}
-
-static inline void copy_short_row(char *to, const char *from, std::size_t width)
-{
-    if (width >= 16) {
-        for (std::size_t at = 0; at + 16 <= width; at += 16)
-            std::memcpy(to + at, from + at, 16);
-        std::memcpy(to + width - 16, from + width - 16, 16);
-    } else if (width >= 8) {
-        copy_two<8>(to, from, width);
-    } else if (width >= 4) {
-        copy_two<4>(to, from, width);
-    } else if (width >= 2) {
-        copy_two<2>(to, from, width);
-    } else {
-        *to = *from;
-    }
-}
-
+// Copies each row as its first and its last bytes, which may overlap: so one body serves all widths from the larger of
+// the two to their sum. Both are of constant size, a few wide moves in place of a call, which would cost more.
 // The block comes by value: the compiler need not fear that the pixels overwrite it.
-static void copy_rows(char *to, std::int64_t row_pitch, const struct pixel_block block)
+template <std::size_t first, std::size_t last>
+static inline void copy_narrow_rows(char *to, std::int64_t row_pitch, const struct pixel_block block)
 {
     const char *from = block.pixels;
-    for (std::uint32_t row = 0; row < block.height; row++, from += block.pitch, to += row_pitch) {
-        if (block.width <= SHORT_ROW)
-            copy_short_row(to, from, block.width);
-        else
-            std::memcpy(to, from, block.width);
+    for (std::uint32_t rows = block.height; rows > 0; rows--, from += block.pitch, to += row_pitch) {
+        std::memcpy(to, from, first);
+        std::memcpy(to + block.width - last, from + block.width - last, last);
     }
+}
+
+// Rows of more than 64 bytes, 64 bytes a turn.
+static inline void copy_wide_rows(char *to, std::int64_t row_pitch, const struct pixel_block block)
+{
+    const char *from = block.pixels;
+    for (std::uint32_t rows = block.height; rows > 0; rows--, from += block.pitch, to += row_pitch) {
+        for (std::size_t at = 0; at + 64 < block.width; at += 64)
+            std::memcpy(to + at, from + at, 64);
+        std::memcpy(to + block.width - 64, from + block.width - 64, 64);
+    }
+}
+
+// The width decides once for all rows how they are copied.
+static inline void copy_rows(char *to, std::int64_t row_pitch, const struct pixel_block block)
+{
+    if (block.width > 128)
+        copy_wide_rows(to, row_pitch, block);
+    else if (block.width >= 96)
+        copy_narrow_rows<96, 32>(to, row_pitch, block);
+    else if (block.width >= 64)
+        copy_narrow_rows<64, 32>(to, row_pitch, block);
+    else if (block.width >= 32)
+        copy_narrow_rows<32, 32>(to, row_pitch, block);
+    else if (block.width >= 16)
+        copy_narrow_rows<16, 16>(to, row_pitch, block);
+    else
+        copy_narrow_rows<LEAST_FAST_WIDTH, LEAST_FAST_WIDTH>(to, row_pitch, block);
 }
 
 std::uint32_t rows_owned(const struct pixel_block *block)
@@ -55,7 +60,7 @@ std::uint32_t rows_owned(const struct pixel_block *block)
 }
 
 // The block lies whole inside the area, and what it owns covers all of its rows.
-static bool fits(const struct paint_area *area, std::int64_t offset, const struct pixel_block *block)
+static inline bool fits(const struct paint_area *area, std::int64_t offset, const struct pixel_block *block)
 {
     if (offset < 0 || area->row_pitch <= 0 || block->width > block->pitch ||
         std::uint64_t{block->height} * block->pitch > UINT32_MAX)
@@ -114,8 +119,14 @@ static void copy_rows_to_one_place(const struct paint_area *area, std::int64_t o
     }
 }
 
-static void copy_rows_inside(const struct paint_area *area, std::int64_t offset, const struct pixel_block *block)
+// Any block at any pitch. It is rarely called, so it is built for size, and stands apart from the way that is fast.
+[[gnu::cold, gnu::noinline]] static void copy_rows_inside(const struct paint_area *area, std::int64_t offset,
+                                                          const struct pixel_block *block)
 {
+    if (area->row_pitch == 0 && !is_out_of_reach(offset)) {
+        copy_rows_to_one_place(area, offset, block);
+        return;
+    }
     struct row_range rows = rows_touching(area, offset, block);
     for (std::int64_t row = rows.first; row < rows.end; row++) {
         struct pixel_block part = row_of(block, row);
@@ -127,10 +138,8 @@ void row_copy(const struct paint_area *area, std::int64_t offset, const struct p
 {
     if (!area->memory || !block->pixels || block->height == 0 || block->width == 0)
         return;
-    if (fits(area, offset, block))
+    if (block->width >= LEAST_FAST_WIDTH && fits(area, offset, block))
         copy_rows(area->memory + offset, area->row_pitch, *block);
-    else if (area->row_pitch == 0 && !is_out_of_reach(offset))
-        copy_rows_to_one_place(area, offset, block);
     else
         copy_rows_inside(area, offset, block);
 }
