@@ -8,6 +8,7 @@
 #include "control/position.h"
 #include "core/config.h"
 #include "core/debug.h"
+#include "core/fixed_items.h"
 #include "core/state.h"
 #include "core/wrapping.h"
 #include "host_settings.h"
@@ -34,7 +35,7 @@ static const struct anchor up_anchors[] = {
     {"menu_first_item", "osdmirror", TO_ITEM, TO_ITEM, nullptr},
     {"peripheralinformation_title", nullptr, STAY, STAY, nullptr},
     {"peripheralinformation_item", "cec", 3, STAY, nullptr},
-    {"language_item", "peripheralinformation", 8, 3, nullptr},
+    {"language_item", PERIPHERAL_ITEM, 8, 3, nullptr},
 };
 
 static const struct anchor down_anchors[] = {
@@ -43,7 +44,7 @@ static const struct anchor down_anchors[] = {
     {"get_ip_last_item", "ethernet_for_laptop", 1, STAY, "get_ip_first_item"},
     {"peripheralinformation_title", nullptr, STAY, STAY, nullptr},
     {"menu_last_item", "camera", TO_ITEM, TO_ITEM, nullptr},
-    {"general_last_item", "peripheralinformation", 8, 1, nullptr},
+    {"general_last_item", PERIPHERAL_ITEM, 8, 1, nullptr},
 };
 
 static bool current_item_is(const char *name)
@@ -90,7 +91,7 @@ static bool try_anchor(const struct anchor *anchor)
 static bool held_by_anchor(std::span<const struct anchor> anchors)
 {
     if (!osdmenu_config)
-        return current_item_is("versionmenuback") || current_item_is("peripheralversionmenuback");
+        return current_item_is(INFORMATION_BACK_ITEM) || current_item_is(PERIPHERAL_BACK_ITEM);
     for (const struct anchor &anchor : anchors)
         if (try_anchor(&anchor))
             return true;
@@ -198,20 +199,20 @@ static void set_entry_position(void)
     if (!osdmenu_current_menuitem)
         return;
     int level = osdmenu_current_viewlevel;
-    if (current_item_is("information")) {
+    if (current_item_is(INFORMATION_ITEM)) {
         set_row(level, last_enabled_row(osdmenu_current_menuitem));
-    } else if (current_item_is("smartgallery_preset")) {
+    } else if (current_item_is(PRESET_ITEM)) {
         osdmenu_current_viewlevel = MENU_LEVELS - 1;
         set_row(MENU_LEVELS - 1, (get_sc_smartgallery_preset() & 0xFF) + 1);
     } else {
-        set_row(level, current_item_is("peripheralinformation") ? 0 : 1);
+        set_row(level, current_item_is(PERIPHERAL_ITEM) ? 0 : 1);
     }
 }
 
-// A page is entered when it has two rows or more. "upgrade" is never entered.
+// A page is entered when it has two rows or more, but for one that never is.
 static bool has_page_to_enter(const struct osdmenu_item *item)
 {
-    return !is_named(item->name, "upgrade") && item->child.next != item->child.prev;
+    return !is_named(item->name, UPGRADE_ITEM) && item->child.next != item->child.prev;
 }
 
 static void press_ok(void)

@@ -2,11 +2,9 @@
 #include "control/position.h"
 
 #include "core/debug.h"
+#include "core/fixed_items.h"
 #include "core/walks.h"
 #include "host_settings.h"
-
-static const char AI_MODE_ITEM[] = "aimodeselection";
-static const char INFORMATION_ITEM[] = "information";
 
 int level_below(struct osdmenu_item *item)
 {

@@ -3,6 +3,7 @@
 // A pass also finds the current item and the two counts that the keys work with. It allocates nothing.
 #include "core/config.h"
 #include "core/debug.h"
+#include "core/fixed_items.h"
 #include "core/item_value.h"
 #include "core/view_buffer.h"
 #include "core/walks.h"
@@ -85,14 +86,14 @@ static void step_down(struct page_pass *pass, int pixels)
 
 static void paint_row(struct page_pass *pass, struct osdmenu_item *row)
 {
-    if (is_named(row->name, "kz73versionshow"))
+    if (is_named(row->name, ACCESSORY_ITEM))
         osdmenu_draw_string_at_position(pass->x, pass->y, kz73_name,
                                         static_cast<int>(strnlen(kz73_name, sizeof kz73_name)));
     else
         osdmenu_draw_itemview(pass->x, pass->y, &row->view);
     osdmenu_draw_itemvalue(pass->value_x, pass->value_y, &row->item_values);
     step_down(pass, wrapping_add(static_cast<int>(row->view.viewbitmap.height), osdmenu_view_rowspace));
-    if (row->name && std::strstr(row->name, "title"))
+    if (is_title(row->name))
         step_down(pass, osdmenu_view_rowspace);
 }
 

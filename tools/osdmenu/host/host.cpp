@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "common/text.h"
+#include "core/fixed_items.h"
 #include "core/layout.h"
 #include "core/state.h"
 #include "core/walks.h"
@@ -26,7 +27,7 @@ static int setting(const char *name)
 // Row 0 of a page is its title. Settings may come from another edition of the menu, or from an editor.
 int get_sc_smartgallery_preset(void)
 {
-    return std::clamp(setting("smartgallery_preset"), 0, std::max(0, count_on_page("smartgallery_preset") - 2));
+    return std::clamp(setting(PRESET_ITEM), 0, std::max(0, count_on_page(PRESET_ITEM) - 2));
 }
 
 int get_sc_trackingmode(void)
@@ -73,9 +74,9 @@ static int within_limits(const osdmenu_item *item, int value)
 // OK on a row that stands for something the camera does.
 static void enter(const osdmenu_item *item)
 {
-    if (int row = index_on_page("smartgallery_preset", item); row > 0)
-        host.settings.values["smartgallery_preset"] = row - 1;
-    if (int row = index_on_page(AI_MODE_PAGE, item); row > 0) {
+    if (int row = index_on_page(PRESET_ITEM, item); row > 0)
+        host.settings.values[PRESET_ITEM] = row - 1;
+    if (int row = index_on_page(AI_MODE_ITEM, item); row > 0) {
         host.settings.values["trackingmode"] = sc_trackingmode_max - row;
         osdmenu_action_menuback();
     }
@@ -300,7 +301,7 @@ void show_row(const std::string &item, bool shown)
 
 bool has_ai_mode_page()
 {
-    return path_to(item_byname(AI_MODE_PAGE)).size() == 1 && count_on_page(AI_MODE_PAGE) > 1;
+    return path_to(item_byname(AI_MODE_ITEM)).size() == 1 && count_on_page(AI_MODE_ITEM) > 1;
 }
 
 // A camera shows the page at a button of its remote control, and hides it again when it is left. Its modes are the rows
@@ -308,14 +309,14 @@ bool has_ai_mode_page()
 void open_ai_mode()
 {
     if (!has_ai_mode_page())
-        throw Failure(std::string("the menu has no page of AI modes, ").append(in_quotes(AI_MODE_PAGE)));
+        throw Failure(std::string("the menu has no page of AI modes, ").append(in_quotes(AI_MODE_ITEM)));
     osdmenu_Mutex_Lock(__func__);
-    bool is_open = osdmenu_itemname_enable(AI_MODE_PAGE) == 1 && osdmenu_current_viewlevel > 0 &&
-                   osdmenu_current_view_position() == get_levels_byname(AI_MODE_PAGE);
+    bool is_open = osdmenu_itemname_enable(AI_MODE_ITEM) == 1 && osdmenu_current_viewlevel > 0 &&
+                   osdmenu_current_view_position() == get_levels_byname(AI_MODE_ITEM);
     if (!is_open)
         host.row_below_ai_mode = osdmenu_current_view_position();
-    set_sc_trackingmode_max(count_on_page(AI_MODE_PAGE) - 1);
-    osdmenu_enableitem_byname(AI_MODE_PAGE);
+    set_sc_trackingmode_max(count_on_page(AI_MODE_ITEM) - 1);
+    osdmenu_enableitem_byname(AI_MODE_ITEM);
     osdmenu_enter_aimodeselection();
     osdmenu_Mutex_Unlock(__func__);
 }

@@ -51,7 +51,6 @@ std::string key_names(); // with blanks between
 void show_row(const std::string &item, bool shown);
 
 // The page of AI modes, which stands in the top list, with modes below its title.
-inline constexpr char AI_MODE_PAGE[] = "aimodeselection";
 bool has_ai_mode_page();
 
 // What a camera does at buttons of its own. A Failure when the menu has no page for the first.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/fixed_items.h"
 #include "core/walks.h"
 #include "host/host.h"
 #include "osd_menu_post.h"
@@ -102,7 +103,7 @@ bool open_item(const std::string &item)
 {
     if (!go_to(item))
         return false;
-    if (item == AI_MODE_PAGE)
+    if (item == AI_MODE_ITEM)
         return open_ai_mode(), true;
     repaint();
     return press("ok");

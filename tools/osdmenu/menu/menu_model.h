@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/fixed_items.h"
 #include "osd_menu.h"
 #include "render/pixels.h"
 #include "rules/findings.h"
@@ -68,10 +69,9 @@ struct Item {
     osdmenu_item_value_number number = STANDARD_LIMITS;
     std::vector<Item> items; // its own page
 
-    // The library gives rows with such a name an extra gap below.
     bool is_title() const
     {
-        return name.find("title") != std::string::npos;
+        return ::is_title(name.c_str());
     }
 };
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "common/text.h"
+#include "core/fixed_items.h"
 
 namespace
 {
@@ -19,7 +20,7 @@ struct Jump {
     const char *pressed;
     const char *target; // name of the row, null where it goes by number
     const char *asked;  // item whose mark decides, or null
-    const char *meant;  // key that names the item meant there; null for PERIPHERAL itself
+    const char *meant;  // key that names the item meant there; null for the peripheral page itself
     int depth;          // of the list that it moves in
     int index;          // of the row, counted without hidden ones
     bool is_shown;      // the mark at which the key jumps to this row
@@ -27,16 +28,14 @@ struct Jump {
 
 } // namespace
 
-static constexpr char PERIPHERAL[] = "peripheralinformation";
-
 static constexpr FixedPlace fixed_places[] = {
     {"camera", 0, nullptr},
     {"osdmirror", 0, nullptr},
-    {"information", 0, nullptr},
-    {"aimodeselection", 0, nullptr},
-    {"smartgallery_preset", 2, nullptr},
-    {"versionmenuback", 0, "information"},
-    {"peripheralversionmenuback", 0, PERIPHERAL},
+    {INFORMATION_ITEM, 0, nullptr},
+    {AI_MODE_ITEM, 0, nullptr},
+    {PRESET_ITEM, 2, nullptr},
+    {INFORMATION_BACK_ITEM, 0, INFORMATION_ITEM},
+    {PERIPHERAL_BACK_ITEM, 0, PERIPHERAL_ITEM},
 };
 
 static constexpr Jump jumps[] = {
@@ -45,10 +44,10 @@ static constexpr Jump jumps[] = {
     {"get_ip_first_item", "UP", nullptr, "ethernet_for_laptop", "get_ip_last_item", 2, 2, true},
     {"get_ip_last_item", "DOWN", nullptr, "ethernet_for_laptop", "get_ip_first_item", 2, 1, true},
     {"peripheralinformation_item", "UP", nullptr, "cec", "general_last_item", 2, 3, true},
-    {"language_item", "UP", nullptr, PERIPHERAL, nullptr, 2, 8, true},
-    {"language_item", "UP", nullptr, PERIPHERAL, "general_last_item", 2, 3, false},
-    {"general_last_item", "DOWN", nullptr, PERIPHERAL, nullptr, 2, 8, true},
-    {"general_last_item", "DOWN", nullptr, PERIPHERAL, "language_item", 2, 1, false},
+    {"language_item", "UP", nullptr, PERIPHERAL_ITEM, nullptr, 2, 8, true},
+    {"language_item", "UP", nullptr, PERIPHERAL_ITEM, "general_last_item", 2, 3, false},
+    {"general_last_item", "DOWN", nullptr, PERIPHERAL_ITEM, nullptr, 2, 8, true},
+    {"general_last_item", "DOWN", nullptr, PERIPHERAL_ITEM, "language_item", 2, 1, false},
 };
 
 static const Row *row_named(const std::vector<Row> &rows, const std::string &name)
@@ -82,27 +81,27 @@ static void check_back_row(const Item &item, const FixedPlace &fixed, Findings &
 // The back row is what a key can't leave, so the page must open on it.
 static void check_opening(const Project &project, const Item &item, Findings &findings)
 {
-    auto is_back_row = [](const Item &one) { return one.name == "versionmenuback"; };
-    const Item *opening = item.name == "information" ? opening_item(project.menu, &item) : nullptr;
+    auto is_back_row = [](const Item &one) { return one.name == INFORMATION_BACK_ITEM; };
+    const Item *opening = item.name == INFORMATION_ITEM ? opening_item(project.menu, &item) : nullptr;
     if (opening && !is_back_row(*opening) && std::any_of(item.items.begin(), item.items.end(), is_back_row))
         findings.add({opening->place, "fixed-name",
-                      "the page of 'information' opens on its last row, which is " + in_quotes(opening->name) +
-                          ", not 'versionmenuback'",
+                      "the page of " + in_quotes(item.name) + " opens on its last row, which is " +
+                          in_quotes(opening->name) + ", not " + in_quotes(INFORMATION_BACK_ITEM),
                       "", item.name});
 }
 
 // osdmenu_call_information_immediate takes the count of shown items up to this one, in file order, for its row.
 static void check_information(const std::vector<Row> &rows, Findings &findings)
 {
-    const Row *information = row_named(rows, "information");
+    const Row *information = row_named(rows, INFORMATION_ITEM);
     if (!information || information->depth > 0)
         return;
     auto shown = std::count_if(rows.data(), information + 1, [](const Row &row) { return row.item->enabled; });
     if (shown - 1 != information->enabled_index)
         findings.add({information->item->place, "fixed-name",
-                      "osdmenu_call_information_immediate goes to row " + std::to_string(shown - 1) +
-                          ", but 'information' is row " + std::to_string(information->enabled_index),
-                      "it counts shown rows, so this one must be shown when it is called", "information"});
+                      "osdmenu_call_information_immediate goes to row " + std::to_string(shown - 1) + ", but " +
+                          in_quotes(INFORMATION_ITEM) + " is row " + std::to_string(information->enabled_index),
+                      "it counts shown rows, so this one must be shown when it is called", INFORMATION_ITEM});
 }
 
 void check_fixed_names(const Project &project, Findings &findings)
@@ -144,7 +143,7 @@ static void check_jump(const Project &project, const Row &anchor, const Jump &ju
                       in_quotes(jump.anchor) + " in osd_menu.json makes it jump", anchor.item->name});
     };
     const Row *row = jump.target ? row_named(project.rows, jump.target) : row_at(project.rows, anchor, jump);
-    std::string meant = jump.meant ? project.configuration.text_of(jump.meant) : PERIPHERAL;
+    std::string meant = jump.meant ? project.configuration.text_of(jump.meant) : PERIPHERAL_ITEM;
     if (anchor.depth != jump.depth)
         report(" of the list at depth " + std::to_string(jump.depth) + ", but does not lie in one");
     else if (!row || row->parent != anchor.parent)

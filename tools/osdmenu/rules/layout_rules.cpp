@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "common/text.h"
+#include "core/fixed_items.h"
 #include "menu/rooms.h"
 #include "render/pseudo.h"
 #include "resources/glyph_banks.h"
@@ -33,7 +34,7 @@ static void visit_number(const Project &project, const std::string &language, co
 // The device writes the accessory's name in place of this row's text.
 static bool is_accessory(const MeasuredText &text)
 {
-    return text.kind == TextKind::row_text && text.row->item->name == "kz73versionshow";
+    return text.kind == TextKind::row_text && text.row->item->name == ACCESSORY_ITEM;
 }
 
 void for_each_fit(const Project &project, const std::string &language, const Resources &pictures, const VisitFit &visit)

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "common/text.h"
+#include "core/fixed_items.h"
 #include "render/languages.h"
 #include "rules/fixed_rules.h"
 
@@ -122,8 +123,8 @@ static void check_page(const Project &project, const Item *parent, const std::ve
         findings.add({page.named_by.place, "single-child", page.words + " has one row",
                       parent ? "OK enters a page of two rows or more" : "the list opens on its second row",
                       page.named_by.name});
-    if (parent && parent->name == "upgrade")
-        findings.add({parent->place, "unreachable-page", "OK never enters the page of 'upgrade'", "", parent->name});
+    if (parent && parent->name == UPGRADE_ITEM)
+        findings.add({parent->place, "unreachable-page", "OK never enters " + page.words, "", parent->name});
     if (parent && std::none_of(items.begin(), items.end(), [](const Item &item) { return item.enabled; }))
         findings.add({page.named_by.place, "unreachable-page",
                       "no row of " + page.words + " is shown at the start, so it closes at once",

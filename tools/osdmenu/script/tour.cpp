@@ -8,6 +8,7 @@
 #include <set>
 
 #include "common/text.h"
+#include "core/fixed_items.h"
 #include "host/host.h"
 #include "host/places.h"
 #include "script/script.h"
@@ -176,9 +177,9 @@ std::string tour_script(const Walk &walk, const std::vector<std::string> &enable
         look(tour, row);
     }
     // The camera opens this page at a button of its own.
-    if (!tour.pages.contains(AI_MODE_PAGE) && has_ai_mode_page()) {
+    if (!tour.pages.contains(AI_MODE_ITEM) && has_ai_mode_page()) {
         tour.script += "aimode\n";
-        take_page(tour, AI_MODE_PAGE);
+        take_page(tour, AI_MODE_ITEM);
     }
     return "# Every page of the menu: " + counted(tour.pages.size(), "page") + ", " + counted(keys.size(), "press") +
            ".\n" + tour.script;

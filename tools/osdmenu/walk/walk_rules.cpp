@@ -4,6 +4,7 @@
 #include <set>
 
 #include "common/text.h"
+#include "core/fixed_items.h"
 #include "core/walks.h"
 #include "host/host.h"
 #include "host/places.h"
@@ -11,9 +12,8 @@
 // Titles and rows that are there to be read are not to be chosen, and for one the camera has a button.
 static bool is_to_be_chosen(const osdmenu_item *row)
 {
-    std::string name = row->name;
-    return !is_disabled(row) && name.find("title") == name.npos && name != AI_MODE_PAGE &&
-           !host.menu.manifest.only_read.contains(name);
+    return !is_disabled(row) && !is_title(row->name) && !is_named(row->name, AI_MODE_ITEM) &&
+           !host.menu.manifest.only_read.contains(row->name);
 }
 
 static bool has_other_row(const list_head *page, const std::string &item)
