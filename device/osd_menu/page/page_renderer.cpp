@@ -3,10 +3,10 @@
 // A pass also finds the current item and the two counts that the keys work with. It allocates nothing.
 #include "core/config.h"
 #include "core/debug.h"
-#include "core/fixed_items.h"
 #include "core/item_value.h"
 #include "core/view_buffer.h"
 #include "core/walks.h"
+#include "page/page_walk.h"
 #include "resources/glyph_banks.h"
 
 static const char FUNCTION[] = "_osdmenu_draw_allitems";
@@ -37,31 +37,27 @@ static struct list_head *page_on_show(void)
     return page;
 }
 
-// Where the next row goes, and how many were walked.
+// Where the next row goes.
 struct page_pass {
     int x;
-    int y;
     int value_x;
-    int value_y;
-    int loopcount;    // rows examined
-    int enabledcount; // enabled rows examined
+    int value_drop; // of a value below its row's view
+    struct page_walk walk;
 };
 
-// Asks the row's action for its value. False when the row has a value and no action: it does not exist for this pass.
-static bool take_value(struct osdmenu_item *row)
+static int value_y(const struct page_pass *pass)
 {
-    if (row->item_values.type == VALUE_NONE)
-        return true;
-    if (!row->action)
-        return false;
-    store_current(&row->item_values, row->action(row, ACTION_OP_GET, 0));
-    return true;
+    return wrapping_add(pass->walk.y, pass->value_drop);
 }
 
-static bool fits_page(const struct page_pass *pass, const struct osdmenu_item *row)
+// Asks the row's action for its value. False when the row does not take part.
+static bool take_value(struct osdmenu_item *row)
 {
-    return row->view.viewbitmap.height + static_cast<unsigned int>(pass->y) <
-           static_cast<unsigned int>(osdmenu_viewarea_height);
+    if (!takes_part(row))
+        return false;
+    if (row->item_values.type != VALUE_NONE)
+        store_current(&row->item_values, row->action(row, ACTION_OP_GET, 0));
+    return true;
 }
 
 // Two items, named in the configuration, are current without showing the pointer.
@@ -75,26 +71,34 @@ static void make_current(const struct page_pass *pass, struct osdmenu_item *row)
 {
     osdmenu_current_menuitem = row;
     if (shows_pointer(row))
-        osdmenu_mark_current_menuitem(osdmenu_view_rulerarea_x, pass->value_y, SYMBOL_POINTER);
+        osdmenu_mark_current_menuitem(osdmenu_view_rulerarea_x, value_y(pass), SYMBOL_POINTER);
 }
 
-static void step_down(struct page_pass *pass, int pixels)
-{
-    pass->y = wrapping_add(pass->y, pixels);
-    pass->value_y = wrapping_add(pass->value_y, pixels);
-}
-
-static void paint_row(struct page_pass *pass, struct osdmenu_item *row)
+static void paint_row(const struct page_pass *pass, struct osdmenu_item *row)
 {
     if (is_named(row->name, ACCESSORY_ITEM))
-        osdmenu_draw_string_at_position(pass->x, pass->y, kz73_name,
+        osdmenu_draw_string_at_position(pass->x, pass->walk.y, kz73_name,
                                         static_cast<int>(strnlen(kz73_name, sizeof kz73_name)));
     else
-        osdmenu_draw_itemview(pass->x, pass->y, &row->view);
-    osdmenu_draw_itemvalue(pass->value_x, pass->value_y, &row->item_values);
-    step_down(pass, wrapping_add(static_cast<int>(row->view.viewbitmap.height), osdmenu_view_rowspace));
-    if (is_title(row->name))
-        step_down(pass, osdmenu_view_rowspace);
+        osdmenu_draw_itemview(pass->x, pass->walk.y, &row->view);
+    osdmenu_draw_itemvalue(pass->value_x, value_y(pass), &row->item_values);
+}
+
+// Finds the row's place, paints it there, and steps past it. False where it lies below the view.
+static bool pass_row(struct page_pass *pass, struct osdmenu_item *row)
+{
+    const int level = osdmenu_current_viewlevel;
+    const struct walked_row shape = walked(row);
+    const enum row_place place =
+        place_of_row(&pass->walk, &shape, osdmenu_viewarea_topitem_number.levels[level], osdmenu_viewarea_height);
+    if (place == ROW_BELOW_VIEW)
+        return false;
+    if (pass->walk.enabledcount == current_view_position.levels[level])
+        make_current(pass, row);
+    if (place == ROW_PAINTED)
+        paint_row(pass, row);
+    step_past_row(&pass->walk, &shape, place, osdmenu_view_rowspace);
+    return true;
 }
 
 // Walks the rows of a page, paints those from the scroll top on, and finds the current one. Returns the number of
@@ -102,29 +106,20 @@ static void paint_row(struct page_pass *pass, struct osdmenu_item *row)
 static int paint_rows(const struct list_head *page)
 {
     struct page_pass pass = {osdmenu_view_itemarea_x,
-                             osdmenu_view_itemarea_y,
                              get_osdmenu_view_valuearea_x(),
-                             osdmenu_view_valuearea_y,
-                             0,
-                             0};
+                             wrapping_sub(osdmenu_view_valuearea_y, osdmenu_view_itemarea_y),
+                             {osdmenu_view_itemarea_y, 0, 0}};
     osdmenu_current_menuitem = nullptr;
     for (struct osdmenu_item *row = page ? first_row(page) : nullptr; row; row = row_below(row, page)) {
         if (!take_value(row))
             continue;
-        if (!fits_page(&pass, row)) {
+        if (!pass_row(&pass, row)) {
             LIB_TRACE_AS(FUNCTION, LOG_STEP, " break for cann't display a whole item!\n\n");
-            last_noview_itemnumber = pass.loopcount;
+            last_noview_itemnumber = pass.walk.loopcount;
             break;
         }
-        if (pass.enabledcount == current_view_position.levels[osdmenu_current_viewlevel])
-            make_current(&pass, row);
-        if (pass.loopcount >= osdmenu_viewarea_topitem_number.levels[osdmenu_current_viewlevel] && !is_disabled(row))
-            paint_row(&pass, row);
-        if (!is_disabled(row))
-            pass.enabledcount++;
-        pass.loopcount++;
     }
-    return pass.enabledcount;
+    return pass.walk.enabledcount;
 }
 
 // Recovery: a page without a current row gives way to the page above it. False where there is nothing to recover from,

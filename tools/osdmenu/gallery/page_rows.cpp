@@ -5,29 +5,26 @@
 #include "host/host.h"
 #include "host/places.h"
 #include "host/values.h"
+#include "page/page_walk.h"
 #include "resources/glyph_banks.h"
 
-// As a draw does it: rows without an answer are left out, hidden ones count as scrolled past, and the first that does
-// not fit is the end.
 std::vector<PageRow> rows_of_page(const std::string &name)
 {
     std::vector<PageRow> rows;
     const list_head *page = rows_on(name);
-    int y = osdmenu_view_itemarea_y, index = 0;
-    bool is_full = false;
+    const int top = osdmenu_viewarea_topitem_number.levels[osdmenu_current_viewlevel];
+    struct page_walk walk = {osdmenu_view_itemarea_y, 0, 0};
+    row_place place = ROW_NOT_PAINTED;
     for (osdmenu_item *item = first_row(page); item; item = row_below(item, page)) {
-        if (item->item_values.type != VALUE_NONE && !item->action)
+        if (!takes_part(item))
             continue;
-        PageRow row{item, y};
-        is_full = is_full || y + row.height() >= osdmenu_viewarea_height;
-        bool is_above = index++ < osdmenu_viewarea_topitem_number.levels[osdmenu_current_viewlevel];
-        if (is_disabled(item))
-            continue;
-        if (is_full || is_above)
-            row.y = -1;
-        else
-            y += row.height() + osdmenu_view_rowspace * (std::strstr(item->name, "title") ? 2 : 1);
-        rows.push_back(row);
+        const struct walked_row row = walked(item);
+        if (place != ROW_BELOW_VIEW)
+            place = place_of_row(&walk, &row, top, osdmenu_viewarea_height);
+        if (row.is_enabled)
+            rows.push_back({item, place == ROW_PAINTED ? walk.y : -1});
+        if (place != ROW_BELOW_VIEW)
+            step_past_row(&walk, &row, place, osdmenu_view_rowspace);
     }
     return rows;
 }

@@ -4,6 +4,7 @@
 
 #include "common/text.h"
 #include "core/fixed_items.h"
+#include "page/page_walk.h"
 #include "render/languages.h"
 #include "rules/fixed_rules.h"
 
@@ -90,25 +91,25 @@ static void check_title(const Menu &menu, const Page &page, Findings &findings)
                       "begin with a row whose name contains 'title'", first->name});
 }
 
-// As the library walks a page: the first row that doesn't fit ends it, and a hidden one takes no room.
+// Of the rows that are shown at the start.
 static void check_height(const Page &page, const Geometry &geometry, Findings &findings)
 {
     std::vector<std::string> beyond;
-    Place place;
-    int y = geometry.first_row;
+    Place first;
+    struct page_walk walk = {geometry.first_row, 0, 0};
     for (const Item &item : page.items) {
-        if (!item.enabled)
-            continue;
-        if (y + geometry.line_height < geometry.view_height) {
-            y += geometry.line_height + geometry.row_gap * (item.is_title() ? 2 : 1);
-            continue;
+        const struct walked_row row = {static_cast<unsigned int>(geometry.line_height), item.enabled,
+                                       item.name.c_str()};
+        const row_place place = place_of_row(&walk, &row, 0, geometry.view_height);
+        if (place != ROW_BELOW_VIEW) {
+            step_past_row(&walk, &row, place, geometry.row_gap);
+        } else if (item.enabled) {
+            first = beyond.empty() ? item.place : first;
+            beyond.push_back(in_quotes(item.name));
         }
-        if (beyond.empty())
-            place = item.place;
-        beyond.push_back(in_quotes(item.name));
     }
     if (!beyond.empty())
-        findings.add({place, "page-too-tall",
+        findings.add({first, "page-too-tall",
                       page.words + " is too tall, these rows don't fit on the view: " + joined(beyond, ", "),
                       "no key reaches them; move some to a page of their own, or choose a smaller font",
                       page.named_by.name});
