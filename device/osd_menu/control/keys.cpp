@@ -1,10 +1,10 @@
 // The five keys. A key moves the position, the level or a value; the next draw shows it and finds the current item.
 //
-// Most of the movement is one generic rule. Before it stand the anchors: items, named in the configuration, at which
-// UP and DOWN stay or jump instead.
+// Most of the movement is one generic rule. Before it stand the anchors.
 #include <cstdint>
 #include <span>
 
+#include "control/anchors.h"
 #include "control/position.h"
 #include "core/config.h"
 #include "core/debug.h"
@@ -14,38 +14,6 @@
 #include "host_settings.h"
 
 static const char FUNCTION[] = "osdmenu_process_key";
-
-// Where an anchor leads: nowhere, to its item's row of the top list, or else to a row at depth 2 by number.
-enum { STAY = -1, TO_ITEM = -2, JUMP_LEVEL = 2 };
-
-// What UP or DOWN does at an item named by a configuration key.
-struct anchor {
-    const char *key;
-    const char *item; // to go to; or whose being enabled decides between the rows below
-    int row_if_enabled;
-    int row_if_disabled;
-    const char *key_while_disabled; // the item, asked beforehand, chooses the key too; or null
-};
-
-// Tried in this order; the first match ends the press.
-static const struct anchor up_anchors[] = {
-    {"information_last_item", nullptr, STAY, STAY, nullptr},
-    {"peripheral_last_item", nullptr, STAY, STAY, nullptr},
-    {"get_ip_first_item", "ethernet_for_laptop", 2, STAY, nullptr},
-    {"menu_first_item", "osdmirror", TO_ITEM, TO_ITEM, nullptr},
-    {"peripheralinformation_title", nullptr, STAY, STAY, nullptr},
-    {"peripheralinformation_item", "cec", 3, STAY, nullptr},
-    {"language_item", PERIPHERAL_ITEM, 8, 3, nullptr},
-};
-
-static const struct anchor down_anchors[] = {
-    {"information_last_item", nullptr, STAY, STAY, nullptr},
-    {"peripheral_last_item", nullptr, STAY, STAY, nullptr},
-    {"get_ip_last_item", "ethernet_for_laptop", 1, STAY, "get_ip_first_item"},
-    {"peripheralinformation_title", nullptr, STAY, STAY, nullptr},
-    {"menu_last_item", "camera", TO_ITEM, TO_ITEM, nullptr},
-    {"general_last_item", PERIPHERAL_ITEM, 8, 1, nullptr},
-};
 
 static bool current_item_is(const char *name)
 {
@@ -65,25 +33,15 @@ static void go_to(const struct anchor *anchor, int row)
         set_row(JUMP_LEVEL, row);
 }
 
-static bool item_decides(const struct anchor *anchor)
-{
-    return anchor->item && anchor->row_if_enabled != TO_ITEM;
-}
-
 // True when the press ends here. An item is asked once, with a line of its own.
 static bool try_anchor(const struct anchor *anchor)
 {
-    const char *key = anchor->key;
-    bool enabled = false;
-    if (anchor->key_while_disabled) {
-        enabled = osdmenu_itemname_enable(anchor->item) == 1;
-        key = enabled ? anchor->key : anchor->key_while_disabled;
-    }
-    if (!current_item_is(config_text(key)))
+    bool enabled = anchor->key_while_disabled && osdmenu_itemname_enable(anchor->item) == 1;
+    if (!current_item_is(config_text(anchor_key(anchor, enabled))))
         return false;
     if (item_decides(anchor) && !anchor->key_while_disabled)
         enabled = osdmenu_itemname_enable(anchor->item) == 1;
-    go_to(anchor, enabled ? anchor->row_if_enabled : anchor->row_if_disabled);
+    go_to(anchor, anchor_row(anchor, enabled));
     return true;
 }
 

@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "common/text.h"
+#include "control/anchors.h"
 
 // Keys keep the order in which they were added, so the text is the same on every run.
 std::string json_text(const cJSON *json)
@@ -151,24 +152,22 @@ static constexpr Entry known_entries[] = {
     {"value_offset_x", cJSON_IsObject, "an object", check_value_columns},
     {"helpline_default", cJSON_IsNumber, "a number", check_help_layout},
     {"helpline_type", cJSON_IsObject, "an object", check_help_types},
-    {"information_last_item", cJSON_IsString, "a text", check_anchor},
-    {"peripheralinformation_title", cJSON_IsString, "a text", check_anchor},
-    {"peripheral_last_item", cJSON_IsString, "a text", check_anchor},
-    {"get_ip_first_item", cJSON_IsString, "a text", check_anchor},
-    {"get_ip_last_item", cJSON_IsString, "a text", check_anchor},
-    {"menu_first_item", cJSON_IsString, "a text", check_anchor},
-    {"menu_last_item", cJSON_IsString, "a text", check_anchor},
-    {"peripheralinformation_item", cJSON_IsString, "a text", check_anchor},
-    {"language_item", cJSON_IsString, "a text", check_anchor},
-    {"general_last_item", cJSON_IsString, "a text", check_anchor},
 };
+
+static const Entry *entry_known(const std::string &key)
+{
+    static constexpr Entry anchor_entry{"", cJSON_IsString, "a text", check_anchor};
+    for (const Entry &entry : known_entries)
+        if (entry.key == key)
+            return &entry;
+    return is_anchor_key(key) ? &anchor_entry : nullptr;
+}
 
 static void check_entry(const Checked &in, const cJSON *entry)
 {
     std::string key = entry->string;
-    auto known = std::find_if(std::begin(known_entries), std::end(known_entries),
-                              [&](const Entry &one) { return one.key == key; });
-    if (known == std::end(known_entries))
+    const Entry *known = entry_known(key);
+    if (!known)
         in.wrong({key}, "the library reads no " + in_quotes(key));
     else if (!known->is_right(entry))
         in.wrong({key}, in_quotes(key) + " must be " + known->type);

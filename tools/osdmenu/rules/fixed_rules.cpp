@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "common/text.h"
+#include "control/anchors.h"
 #include "core/fixed_items.h"
 
 namespace
@@ -14,23 +15,40 @@ struct FixedPlace {
     const char *parent; // whose page it belongs to, or null
 };
 
-// UP or DOWN at an anchor goes to a row by its name or by its number.
+// Where UP or DOWN at an anchor goes while the item that it asks, if any, is shown or hidden.
 struct Jump {
-    const char *anchor; // key of osd_menu.json
+    const anchor &from;
     const char *pressed;
-    const char *target; // name of the row, null where it goes by number
-    const char *asked;  // item whose mark decides, or null
-    const char *meant;  // key that names the item meant there; null for the peripheral page itself
-    int depth;          // of the list that it moves in
-    int index;          // of the row, counted without hidden ones
-    bool is_shown;      // the mark at which the key jumps to this row
+    bool is_shown;
+
+    int row() const // or TO_ITEM or STAY
+    {
+        return anchor_row(&from, is_shown);
+    }
+    std::string key() const // of osd_menu.json
+    {
+        return anchor_key(&from, is_shown);
+    }
+    const char *asked() const // or null
+    {
+        return item_decides(&from) ? from.item : nullptr;
+    }
+    int depth() const // of the list that it moves in
+    {
+        return row() == TO_ITEM ? 0 : JUMP_LEVEL;
+    }
+};
+
+// What a jump is meant to land on. One without an entry may land on any row.
+struct Meaning {
+    const char *anchor; // key of osd_menu.json
+    bool is_shown;      // the answer of the item that it asks
+    const char *item;   // key that names the item meant; null for the item that was asked
 };
 
 } // namespace
 
 static constexpr FixedPlace fixed_places[] = {
-    {"camera", 0, nullptr},
-    {"osdmirror", 0, nullptr},
     {INFORMATION_ITEM, 0, nullptr},
     {AI_MODE_ITEM, 0, nullptr},
     {PRESET_ITEM, 2, nullptr},
@@ -38,17 +56,36 @@ static constexpr FixedPlace fixed_places[] = {
     {PERIPHERAL_BACK_ITEM, 0, PERIPHERAL_ITEM},
 };
 
-static constexpr Jump jumps[] = {
-    {"menu_first_item", "UP", "osdmirror", nullptr, "menu_last_item", 0, 0, true},
-    {"menu_last_item", "DOWN", "camera", nullptr, "menu_first_item", 0, 0, true},
-    {"get_ip_first_item", "UP", nullptr, "ethernet_for_laptop", "get_ip_last_item", 2, 2, true},
-    {"get_ip_last_item", "DOWN", nullptr, "ethernet_for_laptop", "get_ip_first_item", 2, 1, true},
-    {"peripheralinformation_item", "UP", nullptr, "cec", "general_last_item", 2, 3, true},
-    {"language_item", "UP", nullptr, PERIPHERAL_ITEM, nullptr, 2, 8, true},
-    {"language_item", "UP", nullptr, PERIPHERAL_ITEM, "general_last_item", 2, 3, false},
-    {"general_last_item", "DOWN", nullptr, PERIPHERAL_ITEM, nullptr, 2, 8, true},
-    {"general_last_item", "DOWN", nullptr, PERIPHERAL_ITEM, "language_item", 2, 1, false},
+static constexpr Meaning meanings[] = {
+    {"menu_first_item", true, "menu_last_item"},
+    {"menu_last_item", true, "menu_first_item"},
+    {"get_ip_first_item", true, "get_ip_last_item"},
+    {"get_ip_last_item", true, "get_ip_first_item"},
+    {"peripheralinformation_item", true, "general_last_item"},
+    {"language_item", true, nullptr},
+    {"language_item", false, "general_last_item"},
+    {"general_last_item", true, nullptr},
+    {"general_last_item", false, "language_item"},
 };
+static_assert(std::ranges::all_of(meanings, [](const Meaning &meaning) {
+    return is_anchor_key(meaning.anchor) && (!meaning.item || is_anchor_key(meaning.item));
+}));
+
+// An item that decides nothing gives one jump alone.
+static std::vector<Jump> all_jumps()
+{
+    std::vector<Jump> jumps;
+    auto add = [&](const anchor &from, const char *pressed) {
+        for (bool is_shown : {true, false})
+            if (Jump jump{from, pressed, is_shown}; jump.row() != STAY && (is_shown || jump.asked()))
+                jumps.push_back(jump);
+    };
+    for (const anchor &each : up_anchors)
+        add(each, "UP");
+    for (const anchor &each : down_anchors)
+        add(each, "DOWN");
+    return jumps;
+}
 
 static const Row *row_named(const std::vector<Row> &rows, const std::string &name)
 {
@@ -106,7 +143,11 @@ static void check_information(const std::vector<Row> &rows, Findings &findings)
 
 void check_fixed_names(const Project &project, Findings &findings)
 {
-    for (const FixedPlace &fixed : fixed_places)
+    std::vector<FixedPlace> places(std::begin(fixed_places), std::end(fixed_places));
+    for (const Jump &jump : all_jumps())
+        if (jump.row() == TO_ITEM)
+            places.push_back({jump.from.item, jump.depth(), nullptr});
+    for (const FixedPlace &fixed : places)
         for (const Row &row : project.rows) {
             if (row.item->name == fixed.name)
                 check_place(project.rows, row, fixed, findings);
@@ -119,34 +160,44 @@ void check_fixed_names(const Project &project, Findings &findings)
 }
 
 // At the time of the jump: the anchor is shown, being the current row, and the row that was asked as the jump wants it.
-static const Row *row_at(const std::vector<Row> &rows, const Row &anchor, const Jump &jump)
+static const Row *row_at(const std::vector<Row> &rows, const Row &anchor_place, const Jump &jump)
 {
     int index = 0;
     for (const Row &row : rows) {
-        bool is_asked = jump.asked && row.item->name == jump.asked;
-        bool is_shown = is_asked ? jump.is_shown : row.item->enabled || &row == &anchor;
-        if (row.parent == anchor.parent && is_shown && index++ == jump.index)
+        bool is_asked = jump.asked() && row.item->name == jump.asked();
+        bool is_shown = is_asked ? jump.is_shown : row.item->enabled || &row == &anchor_place;
+        if (row.parent == anchor_place.parent && is_shown && index++ == jump.row())
             return &row;
     }
     return nullptr;
 }
 
-static void check_jump(const Project &project, const Row &anchor, const Jump &jump, Findings &findings)
+// Empty where the menu doesn't say.
+static std::string name_meant(const Project &project, const Jump &jump)
+{
+    for (const Meaning &meaning : meanings)
+        if (jump.key() == meaning.anchor && jump.is_shown == meaning.is_shown)
+            return meaning.item ? project.configuration.text_of(meaning.item) : jump.from.item;
+    return "";
+}
+
+static void check_jump(const Project &project, const Row &anchor_place, const Jump &jump, Findings &findings)
 {
     // Without the row that is asked, its mark never reads as shown.
-    if (jump.is_shown && jump.asked && !row_named(project.rows, jump.asked))
+    if (jump.is_shown && jump.asked() && !row_named(project.rows, jump.asked()))
         return;
+    const bool is_by_name = jump.row() == TO_ITEM;
     auto report = [&](const std::string &fault) {
-        std::string to = jump.target ? in_quotes(jump.target) : "row " + std::to_string(jump.index);
-        findings.add({anchor.item->place, "fixed-jump",
-                      jump.pressed + (" at " + in_quotes(anchor.item->name)) + " jumps to " + to + fault,
-                      in_quotes(jump.anchor) + " in osd_menu.json makes it jump", anchor.item->name});
+        std::string to = is_by_name ? in_quotes(jump.from.item) : "row " + std::to_string(jump.row());
+        findings.add({anchor_place.item->place, "fixed-jump",
+                      jump.pressed + (" at " + in_quotes(anchor_place.item->name)) + " jumps to " + to + fault,
+                      in_quotes(jump.key()) + " in osd_menu.json makes it jump", anchor_place.item->name});
     };
-    const Row *row = jump.target ? row_named(project.rows, jump.target) : row_at(project.rows, anchor, jump);
-    std::string meant = jump.meant ? project.configuration.text_of(jump.meant) : PERIPHERAL_ITEM;
-    if (anchor.depth != jump.depth)
-        report(" of the list at depth " + std::to_string(jump.depth) + ", but does not lie in one");
-    else if (!row || row->parent != anchor.parent)
+    const Row *row = is_by_name ? row_named(project.rows, jump.from.item) : row_at(project.rows, anchor_place, jump);
+    std::string meant = name_meant(project, jump);
+    if (anchor_place.depth != jump.depth())
+        report(" of the list at depth " + std::to_string(jump.depth()) + ", but does not lie in one");
+    else if (!row || row->parent != anchor_place.parent)
         report(", which is not on its page");
     else if (!meant.empty() && row->item->name != meant)
         report(" of its page, which is " + in_quotes(row->item->name) + ", not " + in_quotes(meant));
@@ -154,7 +205,7 @@ static void check_jump(const Project &project, const Row &anchor, const Jump &ju
 
 void check_fixed_jumps(const Project &project, Findings &findings)
 {
-    for (const Jump &jump : jumps)
-        if (const Row *anchor = row_named(project.rows, project.configuration.text_of(jump.anchor)))
-            check_jump(project, *anchor, jump, findings);
+    for (const Jump &jump : all_jumps())
+        if (const Row *place = row_named(project.rows, project.configuration.text_of(jump.key())))
+            check_jump(project, *place, jump, findings);
 }
