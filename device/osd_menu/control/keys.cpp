@@ -8,7 +8,6 @@
 #include "control/position.h"
 #include "core/config.h"
 #include "core/debug.h"
-#include "core/fixed_items.h"
 #include "core/state.h"
 #include "core/wrapping.h"
 #include "host_settings.h"
@@ -56,10 +55,10 @@ static bool held_by_anchor(std::span<const struct anchor> anchors)
     return false;
 }
 
-// Row 0 of a page is its title. In the top list a separator may stand below it.
+// In the top list a separator may stand below the title.
 static int lowest_row(void)
 {
-    return underlineenable == 1 && osdmenu_current_viewlevel == 0 ? 2 : 1;
+    return underlineenable == 1 && osdmenu_current_viewlevel == 0 ? FIRST_ROW + 1 : FIRST_ROW;
 }
 
 static void trace_separator(void)
@@ -157,13 +156,14 @@ static void set_entry_position(void)
     if (!osdmenu_current_menuitem)
         return;
     int level = osdmenu_current_viewlevel;
-    if (current_item_is(INFORMATION_ITEM)) {
+    const int row = opening_row(osdmenu_current_menuitem->name);
+    if (row == LAST_ENABLED_ROW) {
         set_row(level, last_enabled_row(osdmenu_current_menuitem));
-    } else if (current_item_is(PRESET_ITEM)) {
+    } else if (row == ROW_OF_PRESET) {
         osdmenu_current_viewlevel = MENU_LEVELS - 1;
-        set_row(MENU_LEVELS - 1, (get_sc_smartgallery_preset() & 0xFF) + 1);
+        set_row(MENU_LEVELS - 1, row_of_preset(get_sc_smartgallery_preset()));
     } else {
-        set_row(level, current_item_is(PERIPHERAL_ITEM) ? 0 : 1);
+        set_row(level, row);
     }
 }
 

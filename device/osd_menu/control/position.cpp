@@ -2,7 +2,6 @@
 #include "control/position.h"
 
 #include "core/debug.h"
-#include "core/fixed_items.h"
 #include "core/walks.h"
 #include "host_settings.h"
 
@@ -23,7 +22,7 @@ int last_enabled_row(const struct osdmenu_item *item)
 int osdmenu_current_view_position_reset(void)
 {
     osdmenu_Mutex_Lock(__func__);
-    current_view_position = {{1, 1, 1, 1}};
+    current_view_position = {{FIRST_ROW, FIRST_ROW, FIRST_ROW, FIRST_ROW}};
     osdmenu_current_viewlevel = 0;
     osdmenu_Mutex_Unlock(__func__);
     return 0;
@@ -52,13 +51,13 @@ int set_sc_trackingmode_max(int val)
     return sc_trackingmode_max;
 }
 
-// The page lists the modes from the highest down. Both numbers are bytes, and so is their difference.
+// The row is a byte, whatever the two numbers are.
 int osdmenu_enter_aimodeselection(void)
 {
     int top_row = get_levels_byname(AI_MODE_ITEM);
-    unsigned int mode_row =
-        static_cast<unsigned int>(sc_trackingmode_max) - static_cast<unsigned int>(get_sc_trackingmode());
-    current_view_position = {{static_cast<unsigned char>(top_row), static_cast<unsigned char>(mode_row), 1, 1}};
+    int mode_row = mirrored_mode(sc_trackingmode_max, get_sc_trackingmode());
+    current_view_position = {
+        {static_cast<unsigned char>(top_row), static_cast<unsigned char>(mode_row), FIRST_ROW, FIRST_ROW}};
     osdmenu_current_viewlevel = 1;
     return 0;
 }

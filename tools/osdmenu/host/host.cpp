@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "common/text.h"
+#include "control/position.h"
 #include "core/fixed_items.h"
 #include "core/layout.h"
 #include "core/state.h"
@@ -24,15 +25,15 @@ static int setting(const char *name)
     return found == host.settings.values.end() ? 0 : found->second;
 }
 
-// Row 0 of a page is its title. Settings may come from another edition of the menu, or from an editor.
+// Settings may come from another edition of the menu, or from an editor.
 int get_sc_smartgallery_preset(void)
 {
-    return std::clamp(setting(PRESET_ITEM), 0, std::max(0, count_on_page(PRESET_ITEM) - 2));
+    return std::clamp(setting(PRESET_ITEM), 0, std::max(0, preset_of_row(count_on_page(PRESET_ITEM) - 1)));
 }
 
 int get_sc_trackingmode(void)
 {
-    return std::clamp(setting("trackingmode"), 0, sc_trackingmode_max - 1);
+    return std::clamp(setting("trackingmode"), 0, mirrored_mode(sc_trackingmode_max, FIRST_ROW));
 }
 
 // The library calls this with its lock held, and knows no exceptions.
@@ -75,9 +76,9 @@ static int within_limits(const osdmenu_item *item, int value)
 static void enter(const osdmenu_item *item)
 {
     if (int row = index_on_page(PRESET_ITEM, item); row > 0)
-        host.settings.values[PRESET_ITEM] = row - 1;
+        host.settings.values[PRESET_ITEM] = preset_of_row(row);
     if (int row = index_on_page(AI_MODE_ITEM, item); row > 0) {
-        host.settings.values["trackingmode"] = sc_trackingmode_max - row;
+        host.settings.values["trackingmode"] = mirrored_mode(sc_trackingmode_max, row);
         osdmenu_action_menuback();
     }
     // Rows that stand for the way back do what their words say.

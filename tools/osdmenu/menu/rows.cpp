@@ -1,5 +1,7 @@
 #include "menu/rows.h"
 
+#include "control/position.h"
+
 // At depth 3 the coordinate stands where the enable mark does, so the value that disables is left out.
 static unsigned char coordinate(int depth, int index)
 {
@@ -49,18 +51,18 @@ std::string page_key(const std::vector<Row> &rows, const Row &row)
     return key.empty() ? "." : key;
 }
 
-// Row 1, behind the title, but for two pages; on two more the host decides.
 const Item *opening_item(const Menu &menu, const Item *parent)
 {
     std::vector<const Item *> enabled;
     for (const Item &item : parent ? parent->items : menu.items)
         if (item.enabled)
             enabled.push_back(&item);
-    std::string name = parent ? parent->name : "";
-    if (name == "smartgallery_preset" || name == "aimodeselection" || enabled.empty())
+    const int row = opening_row(parent ? parent->name.c_str() : nullptr);
+    // The host opens the page of modes without OK, at the mode in force.
+    const bool is_of_host = row == ROW_OF_PRESET || (parent && parent->name == AI_MODE_ITEM);
+    if (is_of_host || enabled.empty())
         return nullptr;
-    if (name == "information")
+    if (row == LAST_ENABLED_ROW)
         return enabled.back();
-    size_t index = name == "peripheralinformation" ? 0 : 1;
-    return index < enabled.size() ? enabled[index] : nullptr;
+    return static_cast<size_t>(row) < enabled.size() ? enabled[static_cast<size_t>(row)] : nullptr;
 }

@@ -5,6 +5,7 @@
 #include "common/text.h"
 #include "control/anchors.h"
 #include "core/fixed_items.h"
+#include "core/state.h"
 
 namespace
 {
@@ -51,7 +52,7 @@ struct Meaning {
 static constexpr FixedPlace fixed_places[] = {
     {INFORMATION_ITEM, 0, nullptr},
     {AI_MODE_ITEM, 0, nullptr},
-    {PRESET_ITEM, 2, nullptr},
+    {PRESET_ITEM, MENU_LEVELS - 2, nullptr},
     {INFORMATION_BACK_ITEM, 0, INFORMATION_ITEM},
     {PERIPHERAL_BACK_ITEM, 0, PERIPHERAL_ITEM},
 };
