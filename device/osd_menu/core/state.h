@@ -9,6 +9,7 @@
 #include "osd_menu_post.h"
 
 enum { MENU_LEVELS = 4 };
+enum { MARK_LEVEL = MENU_LEVELS - 1 }; // where an item has its enable mark, on the deepest level its coordinate as well
 
 // What is loaded. The menu counts as never loaded while osdmenu.readlist.prev is null.
 extern struct osdmenu_item osdmenu;           // heads of the load-order lists; written by the loader and the ordering
@@ -41,7 +42,7 @@ inline bool is_named(const char *own_name, const char *name)
 // Every mark but this one means enabled.
 inline bool is_disabled(const struct osdmenu_item *item)
 {
-    return item->position.levels[MENU_LEVELS - 1] == ITEM_MARK_DISABLED;
+    return item->position.levels[MARK_LEVEL] == ITEM_MARK_DISABLED;
 }
 
 inline bool is_level(int level)

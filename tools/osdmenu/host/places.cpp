@@ -64,7 +64,7 @@ int index_on_page(const std::string &page, const osdmenu_item *row)
 
 unsigned char &mark_of(osdmenu_item *row)
 {
-    return row->position.levels[MENU_LEVELS - 1];
+    return row->position.levels[MARK_LEVEL];
 }
 
 std::map<std::string, unsigned char> row_marks()

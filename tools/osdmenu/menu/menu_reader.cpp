@@ -6,6 +6,7 @@
 #include <glib.h>
 
 #include "common/text.h"
+#include "core/state.h"
 #include "menu/yaml.h"
 
 static void read_display(const Mapping &map, Display &display)
@@ -168,7 +169,7 @@ static Text text_of_name(const std::string &name, const Place &place)
 static std::vector<Item> read_items(const Mapping &map, int depth)
 {
     std::vector<Item> items;
-    if (depth > 3 && map.has("items")) {
+    if (depth >= MENU_LEVELS && map.has("items")) {
         map.error("items", "a menu has four levels, this would be a fifth");
         return items;
     }

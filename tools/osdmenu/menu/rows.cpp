@@ -1,26 +1,27 @@
 #include "menu/rows.h"
 
 #include "control/position.h"
+#include "core/state.h"
 
-// At depth 3 the coordinate stands where the enable mark does, so the value that disables is left out.
+// On the deepest level the coordinate stands where the enable mark does, so the value that disables is left out.
 static unsigned char coordinate(int depth, int index)
 {
-    bool reads_as_disabled = depth == 3 && index >= ITEM_MARK_DISABLED;
+    bool reads_as_disabled = depth == MARK_LEVEL && index >= ITEM_MARK_DISABLED;
     return static_cast<unsigned char>(reads_as_disabled ? index + 1 : index);
 }
 
 static Row place_row(const std::vector<Row> &rows, int parent, const Item *item, int index, int enabled_index)
 {
-    Row row{item, parent, 0, index, enabled_index, {LEVEL_ABSENT, LEVEL_ABSENT, LEVEL_ABSENT, LEVEL_ABSENT}};
+    Row row{item, parent, 0, index, enabled_index, {{LEVEL_ABSENT, LEVEL_ABSENT, LEVEL_ABSENT, LEVEL_ABSENT}}};
     if (parent >= 0) {
         const Row &above = rows[static_cast<size_t>(parent)];
         row.depth = above.depth + 1;
         for (int depth = 0; depth < row.depth; depth++)
-            row.levels[depth] = above.levels[depth];
+            row.position.levels[depth] = above.position.levels[depth];
     }
-    row.levels[row.depth] = coordinate(row.depth, index);
-    if (row.depth < 3 && !item->enabled)
-        row.levels[3] = ITEM_MARK_DISABLED;
+    row.position.levels[row.depth] = coordinate(row.depth, index);
+    if (row.depth < MARK_LEVEL && !item->enabled)
+        row.position.levels[MARK_LEVEL] = ITEM_MARK_DISABLED;
     return row;
 }
 

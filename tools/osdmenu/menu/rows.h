@@ -15,7 +15,7 @@ struct Row {
     int depth;         // 0 for the top list
     int index;         // place on its page, from 0
     int enabled_index; // rows above it that are enabled at the start
-    unsigned char levels[4];
+    osdmenu_position position;
 };
 
 std::vector<Row> rows_in_file_order(const Menu &menu);

@@ -134,7 +134,7 @@ void Writer::row(const Row &row)
     Wording wording = job.wordings(item.text, item.name);
     Picture view = picture(item.name, row_style(item, job.project.menu.colours), wording);
     osdmenu_item image = zeroed<osdmenu_item>();
-    std::memcpy(image.position.levels, row.levels, sizeof row.levels);
+    image.position = row.position;
     describe(image.view.viewbitmap, view, job.project.menu.display.pixel_format);
     image.item_values.type = item.value_type;
     image.item_values.current = item.current;

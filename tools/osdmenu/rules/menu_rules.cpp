@@ -4,6 +4,7 @@
 
 #include "common/text.h"
 #include "core/fixed_items.h"
+#include "core/state.h"
 #include "page/page_walk.h"
 #include "render/languages.h"
 #include "rules/fixed_rules.h"
@@ -53,15 +54,15 @@ static void check_names(const Menu &menu, const std::vector<Row> &rows, Findings
 static void check_mark(const Row &row, Findings &findings)
 {
     const Item &item = *row.item;
-    if (row.levels[row.depth] == LEVEL_ABSENT)
+    if (row.position.levels[row.depth] == LEVEL_ABSENT)
         findings.add({item.place, "mark-collision",
                       "no coordinate is left for " + in_quotes(item.name) + " and the rows below it",
                       "a page has at most " + std::to_string(row.index) + " rows", item.name});
-    if (!item.enabled && row.depth == 3)
+    if (!item.enabled && row.depth == MARK_LEVEL)
         findings.add({item.place, "mark-collision",
                       in_quotes(item.name) + " lies at depth 3, where a row cannot start disabled",
                       "its coordinate stands where the mark would; let the host disable it after loading", item.name});
-    if (!item.enabled && row.depth == 2)
+    if (!item.enabled && row.depth == MARK_LEVEL - 1)
         findings.add({item.place, "disabled-at-depth",
                       in_quotes(item.name) + " starts disabled at depth 2: its mark reads as a coordinate",
                       "the row keeps its place; the library logs 'list_add err' for it once per load", item.name});
