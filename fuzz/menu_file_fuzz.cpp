@@ -9,7 +9,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, std::size_t siz
     Project project;
     project.menu = read_menu_text("menu.yaml", content, findings);
     project.rows = rows_in_file_order(project.menu);
-    project.geometry = set_up_geometry(project.menu.display);
+    project.geometry = geometry_of(project.menu.display);
     for (const Language &language : project.menu.languages)
         project.translations[language.code];
     check_menu(project, findings);

@@ -6,35 +6,38 @@
 #include "core/config.h"
 #include "core/state.h"
 
-// What a burst of 2 gives, but for the y of the first row.
+// Before any call this base size and a burst of 2 hold, but for the y of the first row.
 constinit int _FT_OSD_FONT_SIZE = 48;
-constinit int FT_OSD_FONT_SIZE = 80;
-constinit int osdmenu_view_rowspace = 30;
-constinit int osdmenu_view_rulerarea_x = 16;
-constinit int osdmenu_view_itemarea_x = 80;
+static constexpr struct layout_metrics at_load = layout_metrics_of(48, 2);
+
+constinit int FT_OSD_FONT_SIZE = at_load.text_size;
+constinit int osdmenu_view_rowspace = at_load.rowspace;
+constinit int osdmenu_view_rulerarea_x = at_load.rulerarea_x;
+constinit int osdmenu_view_itemarea_x = at_load.itemarea_x;
 constinit int osdmenu_view_itemarea_y = 20;
-constinit int osdmenu_view_valuearea_x = 880;
+constinit int osdmenu_view_valuearea_x = at_load.valuearea_x;
 constinit int osdmenu_view_valuearea_y = 20;
-constinit int osdmenu_helplinearea_x = 100;
-constinit int osdmenu_helplinearea_y = 1100;
-constinit int osdmenu_viewarea_width = 1760;
-constinit int osdmenu_viewarea_height = 1160;
+constinit int osdmenu_helplinearea_x = at_load.helplinearea_x;
+constinit int osdmenu_helplinearea_y = at_load.helplinearea_y;
+constinit int osdmenu_viewarea_width = at_load.viewarea_width;
+constinit int osdmenu_viewarea_height = at_load.viewarea_height;
 
 constinit unsigned char ft_font_col_arr[5] = {0x21, 0x04, 0xFF, 0xFF, 0x00};
 
 void osdmenu_fontsize_init(int burst)
 {
-    FT_OSD_FONT_SIZE = wrapping_mul(wrapping_mul(_FT_OSD_FONT_SIZE, burst), 5) / 6;
-    osdmenu_view_rowspace = wrapping_mul(15, burst);
-    osdmenu_view_rulerarea_x = wrapping_mul(8, burst);
-    osdmenu_view_itemarea_x = wrapping_mul(40, burst);
-    osdmenu_view_itemarea_y = wrapping_mul(15, burst);
-    osdmenu_view_valuearea_x = wrapping_mul(440, burst);
-    osdmenu_view_valuearea_y = wrapping_mul(15, burst);
-    osdmenu_helplinearea_x = wrapping_mul(50, burst);
-    osdmenu_helplinearea_y = wrapping_mul(550, burst);
-    osdmenu_viewarea_width = wrapping_mul(880, burst);
-    osdmenu_viewarea_height = wrapping_mul(580, burst);
+    const struct layout_metrics metrics = layout_metrics_of(_FT_OSD_FONT_SIZE, burst);
+    FT_OSD_FONT_SIZE = metrics.text_size;
+    osdmenu_view_rowspace = metrics.rowspace;
+    osdmenu_view_rulerarea_x = metrics.rulerarea_x;
+    osdmenu_view_itemarea_x = metrics.itemarea_x;
+    osdmenu_view_itemarea_y = metrics.itemarea_y;
+    osdmenu_view_valuearea_x = metrics.valuearea_x;
+    osdmenu_view_valuearea_y = metrics.valuearea_y;
+    osdmenu_helplinearea_x = metrics.helplinearea_x;
+    osdmenu_helplinearea_y = metrics.helplinearea_y;
+    osdmenu_viewarea_width = metrics.viewarea_width;
+    osdmenu_viewarea_height = metrics.viewarea_height;
 }
 
 void osdmenu_fontsize_init2(int fontsize, int burst)

@@ -1,17 +1,17 @@
 // 32-bit arithmetic that wraps. Positions come from files, hosts and configurations: any sum of them must stay defined.
 #pragma once
 
-inline int wrapping_add(int a, int b)
+constexpr int wrapping_add(int a, int b)
 {
     return static_cast<int>(static_cast<unsigned>(a) + static_cast<unsigned>(b));
 }
 
-inline int wrapping_sub(int a, int b)
+constexpr int wrapping_sub(int a, int b)
 {
     return static_cast<int>(static_cast<unsigned>(a) - static_cast<unsigned>(b));
 }
 
-inline int wrapping_mul(int a, int b)
+constexpr int wrapping_mul(int a, int b)
 {
     return static_cast<int>(static_cast<unsigned>(a) * static_cast<unsigned>(b));
 }

@@ -12,6 +12,7 @@
 #include "host/places.h"
 #include "host/values.h"
 #include "host_settings.h"
+#include "menu/geometry.h"
 #include "osd_menu_post.h"
 
 Host host;
@@ -202,8 +203,8 @@ void start_host(const MenuDirectory &menu, const std::string &language)
     Resources resources = sound_resources(menu.directory_of(language));
     const Display &display = menu.manifest.display;
     osdmenu_fontsize_init2(display.font_size, display.burst);
-    osdmenu_viewbuffer_malloc(display.width ? display.width : osdmenu_viewarea_width,
-                              display.height ? display.height : osdmenu_viewarea_height);
+    const Geometry geometry = geometry_of(display);
+    osdmenu_viewbuffer_malloc(geometry.view_width, geometry.view_height);
     if (!osdmenu_viewbuffer)
         throw Failure("no memory for the view");
     load_sound(language, resources);

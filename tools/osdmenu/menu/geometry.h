@@ -14,5 +14,5 @@ struct Geometry {
     int value_column;
 };
 
-// Sets the library's layout up; a view size of 0 is the one that burst gives.
-Geometry set_up_geometry(const Display &display);
+// A view size of 0 is the one that burst gives.
+Geometry geometry_of(const Display &display);

@@ -16,7 +16,7 @@ static std::unique_ptr<Project> set_up(Menu menu)
     auto project = std::make_unique<Project>();
     project->menu = std::move(menu);
     project->rows = rows_in_file_order(project->menu);
-    project->geometry = set_up_geometry(project->menu.display);
+    project->geometry = geometry_of(project->menu.display);
     return project;
 }
 
