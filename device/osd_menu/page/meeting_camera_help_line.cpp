@@ -1,15 +1,13 @@
-// The help block at the foot of a page: eighteen layouts as tables, and the one function that walks them.
-//
-// A layout is a list of lines from the top down, a line a list of groups from left to right, and a group a few parts
-// at fixed columns.
+// The help block at the foot of a page: the tables of its layouts, and the one function that walks them.
 #include "core/config.h"
 #include "core/layout.h"
 #include "core/state.h"
+#include "page/help_layouts.h"
 #include "resources/glyph_banks.h"
 
-enum group : unsigned char {
-    NOTHING,
-    SELECT,
+// Indexes of the groups.
+enum : unsigned char {
+    SELECT = NO_GROUP + 1,
     CHANGE,
     CLOSE_SELECT,
     FAR_CHANGE,
@@ -20,27 +18,8 @@ enum group : unsigned char {
     MENU0,
 };
 
-// A column in units of the text height F, of T, which is three quarters of it, and of a sixth of it.
-struct column {
-    signed char f;
-    signed char t;
-    signed char sixth;
-};
-
-enum { NO_SYMBOL = -1 };
-
-struct group_parts {
-    signed char first_symbol; // or NO_SYMBOL, for a text alone
-    signed char second_symbol;
-    char text[8]; // name of the help line
-    struct column first_column;
-    struct column second_column;
-    struct column text_column;
-    bool wide; // the text one tall pitch behind that column
-};
-
-static const struct group_parts groups[] = {
-    /* NOTHING */ {NO_SYMBOL, NO_SYMBOL, "", {}, {}, {}, false},
+const struct help_group help_groups[] = {
+    /* NO_GROUP */ {NO_SYMBOL, NO_SYMBOL, "", {}, {}, {}, false},
     /* SELECT */ {SYMBOL_UP, SYMBOL_DOWN, "select", {1, 0, 0}, {1, 1, 0}, {2, 1, 0}, false},
     /* CHANGE */ {SYMBOL_LEFT, SYMBOL_RIGHT, "change", {1, 0, 0}, {1, 1, 0}, {2, 1, 0}, false},
     /* CLOSE_SELECT */ {SYMBOL_UP, SYMBOL_DOWN, "select", {1, 0, 0}, {1, 1, -1}, {2, 1, -1}, false},
@@ -52,16 +31,7 @@ static const struct group_parts groups[] = {
     /* MENU0 */ {NO_SYMBOL, NO_SYMBOL, "menu0", {}, {}, {0, 1, 0}, false},
 };
 
-enum { MOST_LINES = 5, GROUPS_A_LINE = 2 };
-
-struct layout {
-    unsigned char lines_from_bottom; // where the first line stands, in text lines
-    bool tall_pitch;                 // lines 1.2 text lines apart, else 1
-    enum group lines[MOST_LINES][GROUPS_A_LINE];
-};
-
-// The index is the layout's number.
-static const struct layout layouts[] = {
+const struct help_layout help_layouts[HELP_LAYOUTS] = {
     {3, false, {{SELECT}, {CHANGE}, {MENU}}},
     {2, false, {{SELECT}, {MENU}}},
     {3, false, {{CHANGE}, {ENTER}, {MENU}}},
@@ -81,57 +51,34 @@ static const struct layout layouts[] = {
     {2, true, {{MENU0}, {MENU}}},
     {3, true, {{CHANGE}, {MENU}, {MENU0}}},
 };
-static const int LAYOUT_COUNT = sizeof layouts / sizeof *layouts;
 
-static const double TALL_PITCH = 1.2;
 static const double TALL_MARGIN = 10.0; // below the last line, in pixels at every burst
 
-// Sums in double precision may leave the range of int, at a burst beyond any display.
-static int truncated(double value)
-{
-    return value >= -2147483648.0 && value < 2147483648.0 ? static_cast<int>(value) : 0;
-}
-
-static int tall_top(int lines)
+static int tall_top(int lines, int f)
 {
     return truncated(static_cast<double>(osdmenu_viewarea_height) -
-                     static_cast<double>(wrapping_mul(lines, fontSize())) * TALL_PITCH - TALL_MARGIN);
+                     static_cast<double>(wrapping_mul(lines, f)) * TALL_PITCH - TALL_MARGIN);
 }
 
-// One tall pitch further. Truncated each time, so lines do not follow from one closed formula.
-static int tall_next(int from)
+static void paint_group(const struct help_group *group, int f, int y)
 {
-    return truncated(static_cast<double>(from) + static_cast<double>(fontSize()) * TALL_PITCH);
+    if (group->first_symbol != NO_SYMBOL) {
+        osdmenu_mark_current_menuitem(help_column_x(&group->first_column, f), y, group->first_symbol);
+        osdmenu_mark_current_menuitem(help_column_x(&group->second_column, f), y, group->second_symbol);
+    }
+    osdmenu_draw_helpline_byname(help_text_x(group, f), y, group->text);
 }
 
-static int pixels_at(const struct column *column)
+static void paint_layout(const struct help_layout *layout)
 {
     const int f = fontSize();
-    const int t = wrapping_mul(f, 3) / 4;
-    return wrapping_add(wrapping_add(wrapping_mul(column->f, f), wrapping_mul(column->t, t)),
-                        wrapping_mul(column->sixth, f / 6));
-}
-
-static void paint_group(const struct group_parts *parts, int y)
-{
-    if (parts->first_symbol != NO_SYMBOL) {
-        osdmenu_mark_current_menuitem(pixels_at(&parts->first_column), y, parts->first_symbol);
-        osdmenu_mark_current_menuitem(pixels_at(&parts->second_column), y, parts->second_symbol);
-    }
-    const int x = pixels_at(&parts->text_column);
-    osdmenu_draw_helpline_byname(parts->wide ? tall_next(x) : x, y, parts->text);
-}
-
-static void paint_layout(const struct layout *layout)
-{
-    int y = layout->tall_pitch
-                ? tall_top(layout->lines_from_bottom)
-                : wrapping_sub(osdmenu_viewarea_height, wrapping_mul(layout->lines_from_bottom, fontSize()));
-    for (const enum group(&line)[GROUPS_A_LINE] : layout->lines) {
-        for (enum group part : line)
-            if (part != NOTHING)
-                paint_group(&groups[part], y);
-        y = layout->tall_pitch ? tall_next(y) : wrapping_add(y, fontSize());
+    int y = layout->tall_pitch ? tall_top(layout->lines_from_bottom, f)
+                               : wrapping_sub(osdmenu_viewarea_height, wrapping_mul(layout->lines_from_bottom, f));
+    for (const unsigned char(&line)[GROUPS_A_LINE] : layout->lines) {
+        for (unsigned char group : line)
+            if (group != NO_GROUP)
+                paint_group(&help_groups[group], f, y);
+        y = layout->tall_pitch ? tall_next(y, f) : wrapping_add(y, f);
     }
 }
 
@@ -149,8 +96,8 @@ void osdmenu_draw_meeting_camera_helpline(void)
     if (!osdmenu_current_menuitem)
         return;
     int helpline_type = layout_of(osdmenu_current_menuitem);
-    if (helpline_type >= 0 && helpline_type < LAYOUT_COUNT)
-        paint_layout(&layouts[helpline_type]);
+    if (helpline_type >= 0 && helpline_type < HELP_LAYOUTS)
+        paint_layout(&help_layouts[helpline_type]);
 }
 
 // Weak, so that a host's own definition wins.

@@ -7,6 +7,7 @@
 
 #include "common/text.h"
 #include "control/anchors.h"
+#include "page/help_layouts.h"
 
 // Keys keep the order in which they were added, so the text is the same on every run.
 std::string json_text(const cJSON *json)
@@ -16,10 +17,6 @@ std::string json_text(const cJSON *json)
     std::free(text);
     return result;
 }
-
-// Layouts of the help block are numbered from 0. One beyond the table paints nothing at all.
-static constexpr int HELP_LAYOUTS = 18;
-static constexpr char HELP_LAYOUT[] = "a help layout, a number from 0 to 17";
 
 namespace
 {
@@ -71,7 +68,8 @@ struct Checked {
                           in_quotes(way.front()) + " names no item: " + in_quotes(name), "", name});
     }
 
-    void expect_number(const std::vector<std::string> &way, const cJSON *entry, int high, const char *words) const
+    void expect_number(const std::vector<std::string> &way, const cJSON *entry, int high,
+                       const std::string &words) const
     {
         if (!cJSON_IsNumber(entry) || entry->valueint < 0 || entry->valueint > high)
             wrong(way, in_quotes(way.back()) + " must be " + words);
@@ -88,9 +86,16 @@ struct Entry {
 
 } // namespace
 
+// One beyond the table paints nothing at all.
+static void expect_layout(const Checked &in, const std::vector<std::string> &way, const cJSON *entry)
+{
+    const int last = HELP_LAYOUTS - 1;
+    in.expect_number(way, entry, last, "a help layout, a number from 0 to " + std::to_string(last));
+}
+
 static void check_help_layout(const Checked &in, const cJSON *entry)
 {
-    in.expect_number({entry->string}, entry, HELP_LAYOUTS - 1, HELP_LAYOUT);
+    expect_layout(in, {entry->string}, entry);
 }
 
 static void check_help_types(const Checked &in, const cJSON *types)
@@ -99,7 +104,7 @@ static void check_help_types(const Checked &in, const cJSON *types)
     cJSON_ArrayForEach(entry, types)
     {
         in.expect_item({types->string, entry->string});
-        in.expect_number({types->string, entry->string}, entry, HELP_LAYOUTS - 1, HELP_LAYOUT);
+        expect_layout(in, {types->string, entry->string}, entry);
     }
 }
 

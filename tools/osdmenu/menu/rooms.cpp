@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "page/help_layouts.h"
+
 // Within the view, whatever the file says.
 static int value_column(const Project &project, const std::string &language, const Row &row)
 {
@@ -22,17 +24,27 @@ static int room_of_choice(const Project &project, const std::string &language, c
     return project.geometry.view_width - value_column(project, language, row);
 }
 
-// The layouts of the help block put some texts side by side: the second begins nine text heights from the edge.
+static int start_of(const help_group &group, int line_height)
+{
+    return group.first_symbol == NO_SYMBOL ? help_text_x(&group, line_height)
+                                           : help_column_x(&group.first_column, line_height);
+}
+
+// The least that any layout of the help block leaves it: up to what stands beside it, or to the view's edge.
 static int room_of_help_line(const Project &project, const std::string &name)
 {
-    int f = project.geometry.line_height, t = f * 3 / 4, width = project.geometry.view_width;
-    if (name == "select")
-        return 9 * f - (2 * f + t);
-    if (name == "change")
-        return width - (10 * f + t);
-    if (name == "enter")
-        return 9 * f - t;
-    return width - (name == "menu" ? 9 * f : t);
+    const int line_height = project.geometry.line_height, width = project.geometry.view_width;
+    int room = width;
+    for (const help_layout &layout : help_layouts)
+        for (const auto &line : layout.lines)
+            for (size_t i = 0; i < GROUPS_A_LINE && line[i] != NO_GROUP; i++) {
+                const help_group &group = help_groups[line[i]];
+                const bool is_last = i + 1 == GROUPS_A_LINE || line[i + 1] == NO_GROUP;
+                const int end = is_last ? width : std::min(width, start_of(help_groups[line[i + 1]], line_height));
+                if (group.text == name)
+                    room = std::min(room, end - help_text_x(&group, line_height));
+            }
+    return room;
 }
 
 // The first composer has the smallest room: lines of 1100 pixels behind a margin of 100.
