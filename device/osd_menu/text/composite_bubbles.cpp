@@ -1,40 +1,15 @@
 // Composite bubbles: messages put together from bubble lines, text and line breaks, at a row pitch of their own.
 //
-// Three composers are one body; a table holds every difference. The pen decides where lines begin and wrap. Where a
-// bubble lands is decided by the write position, which a text moves and the pen does not follow.
+// Three composers are one body. The pen decides where lines begin and wrap. Where a bubble lands is decided by the
+// write position, which a text moves and the pen does not follow.
 #include <climits>
 
 #include "core/debug.h"
 #include "core/line_walks.h"
+#include "text/composers.h"
 #include "text/glyphs.h"
 
-struct margins {
-    int top;
-    int bottom;
-    int left;
-    int right;
-};
-
-// Pixels throughout.
-struct composer {
-    const char *function;
-    struct margins margins;
-    int row_pitch;
-    int width_report_pad; // added to the width that is reported
-    bool result_at_pen;   // the result is the first pen position, else the start of the buffer
-    int text_rise;        // how far above the pen a text starts
-    struct margins text_margins;
-    int bubble_indent_after_text; // from the pen; or BEHIND_TEXT
-};
-
-enum { BEHIND_TEXT = -1, LINE_SPACE = 10 };
-
-static const struct composer multiline = {
-    "osdmenu_get_bubbleline_byname_multiline", {10, 10, 100, 30}, 1100, 0, true, 0, {10, 10, 100, 30}, BEHIND_TEXT};
-static const struct composer multiline_2 = {
-    "osdmenu_get_bubbleline_byname_multiline_2", {5, 20, 80, 10}, 1200, 20, false, 5, {0, 0, 10, 10}, 35};
-static const struct composer multiline_2_en = {
-    "osdmenu_get_bubbleline_byname_multiline_2_en", {5, 20, 80, 10}, 1200, 20, false, 0, {0, 5, 10, 10}, BEHIND_TEXT};
+enum { LINE_SPACE = 10 }; // between lines that a token breaks, pixels
 
 // One call at work. The pen is the top left corner of the next bubble, and its limits hold its margins.
 struct composition {
@@ -164,15 +139,15 @@ static char *compose(const struct composer *composer, char **array_name, int arr
 
 char *osdmenu_get_bubbleline_byname_multiline(char **array_name, int array_max, osd_bubble_para *b_para)
 {
-    return compose(&multiline, array_name, array_max, b_para);
+    return compose(&composers[MULTILINE], array_name, array_max, b_para);
 }
 
 char *osdmenu_get_bubbleline_byname_multiline_2(char **array_name, int array_max, osd_bubble_para *b_para)
 {
-    return compose(&multiline_2, array_name, array_max, b_para);
+    return compose(&composers[MULTILINE_2], array_name, array_max, b_para);
 }
 
 char *osdmenu_get_bubbleline_byname_multiline_2_en(char **array_name, int array_max, osd_bubble_para *b_para)
 {
-    return compose(&multiline_2_en, array_name, array_max, b_para);
+    return compose(&composers[MULTILINE_2_EN], array_name, array_max, b_para);
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "page/help_layouts.h"
+#include "text/composers.h"
 
 // Within the view, whatever the file says.
 static int value_column(const Project &project, const std::string &language, const Row &row)
@@ -47,10 +48,13 @@ static int room_of_help_line(const Project &project, const std::string &name)
     return room;
 }
 
-// The first composer has the smallest room: lines of 1100 pixels behind a margin of 100.
+// The least that any composer of messages leaves it.
 static int room_of_bubble(const Project &project)
 {
-    return std::min(1100 - 100, project.geometry.view_width);
+    int room = project.geometry.view_width;
+    for (const composer &each : composers)
+        room = std::min(room, each.row_pitch - each.margins.left);
+    return room;
 }
 
 int room_of(const Project &project, const std::string &language, TextKind kind, const Row *row, const std::string &name)
