@@ -189,13 +189,9 @@ static bool is_in_table(const char *function, char character)
 int get_string_bitmap_length(const char *msg)
 {
     int length = 0;
-    for (; msg && *msg != '\0'; msg++) {
-        if (!is_in_table(__func__, *msg))
-            return -1;
-        const struct osdmenu_view_bitmap *glyph = glyph_at(glyph_index(*msg));
-        if (glyph)
-            length = wrapping_add(length, static_cast<int>(glyph->width));
-    }
+    const char *end = measure_text(msg ? msg : "", glyph_at, &length);
+    if (*end != '\0' && !is_in_table(__func__, *end))
+        return -1;
     LIB_TRACE(LOG_STEP, "leave\n");
     return length;
 }

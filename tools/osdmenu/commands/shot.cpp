@@ -11,6 +11,7 @@
 #include "host/host.h"
 #include "host/places.h"
 #include "host/streams.h"
+#include "host/values.h"
 #include "lib_dbgout.h"
 #include "osd_menu_post.h"
 #include "render/png.h"
@@ -76,11 +77,11 @@ static PixelView text_bubble(const std::string &given)
     std::string text = given;
     for (size_t at = text.find("\\n"); at != text.npos; at = text.find("\\n", at))
         text.replace(at, 2, 1, '\n');
-    int width = 1, line_width = 0, height = 0;
-    for (char c : text) {
-        const osdmenu_view_bitmap *glyph = glyph_at(glyph_index(c) == GLYPH_NONE ? GLYPH_SPACE : glyph_index(c));
-        line_width = c == '\n' || !glyph ? 0 : line_width + static_cast<int>(glyph->width / 2);
-        width = std::max(width, line_width);
+    int width = 1, height = 0;
+    for (std::string line : parts_of(text, '\n')) {
+        auto has_none = [](char c) { return glyph_index(c) == GLYPH_NONE; };
+        std::replace_if(line.begin(), line.end(), has_none, osdmenu_common_char[GLYPH_SPACE]);
+        width = std::max(width, width_in_glyphs(line));
     }
     const char *block = get_osdmenu_bubble2(text.c_str(), 0, 0, &height);
     if (width > osdmenu_viewarea_width)

@@ -6,7 +6,6 @@
 #include "host/places.h"
 #include "host/values.h"
 #include "page/page_walk.h"
-#include "resources/glyph_banks.h"
 
 std::vector<PageRow> rows_of_page(const std::string &name)
 {
@@ -40,9 +39,5 @@ int value_width(const osdmenu_item *item, int value)
     const osdmenu_item_value *choice = choice_at(item, value);
     if (choice && item->item_values.type == VALUE_TXT)
         return pixels_of(choice->u.txt.viewbitmap.width);
-    int width = 0;
-    for (char c : value_text(item, value))
-        if (const osdmenu_view_bitmap *glyph = glyph_at(glyph_index(c)))
-            width += pixels_of(glyph->width);
-    return width;
+    return width_in_glyphs(value_text(item, value));
 }

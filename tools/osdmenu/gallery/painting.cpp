@@ -265,7 +265,7 @@ static std::string values_json(const Painter &painter)
 // Messages, help lines and hidden rows stand on no page.
 static void add_alone(Painter &painter, const StringKey &key, const ReadPicture &read)
 {
-    int width = static_cast<int>(read.size.width / 2), height = static_cast<int>(read.size.height);
+    int width = pixels_of(read.size.width), height = static_cast<int>(read.size.height);
     if (width == 0 || height == 0 || painter.strings.contains(key))
         return;
     const Manifest &manifest = host.menu.manifest;

@@ -2,6 +2,7 @@
 
 #include "core/item_value.h"
 #include "core/walks.h"
+#include "text/glyphs.h"
 
 int current_value(const osdmenu_item *item)
 {
@@ -37,4 +38,11 @@ std::string value_text(const osdmenu_item *item, int value)
     if (item->item_values.type == VALUE_PERCENTAGE)
         return std::to_string(value) + "%";
     return item->item_values.type == VALUE_NUMBER ? std::to_string(value) : "";
+}
+
+int width_in_glyphs(const std::string &text)
+{
+    int bytes = 0;
+    measure_text(text.c_str(), glyph_at, &bytes);
+    return pixels_of(static_cast<unsigned int>(bytes));
 }

@@ -14,3 +14,6 @@ const osdmenu_item_value *choice_at(const osdmenu_item *item, int index);
 
 // As the page shows it, which begins anew behind the last choice. Empty for a row without a value.
 std::string value_text(const osdmenu_item *item, int value);
+
+// Pixels that a text takes in the glyphs that are loaded.
+int width_in_glyphs(const std::string &text);

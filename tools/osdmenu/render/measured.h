@@ -3,6 +3,7 @@
 
 #include <functional>
 
+#include "core/layout.h"
 #include "menu/project.h"
 #include "store/resource_reader.h"
 
@@ -16,7 +17,7 @@ struct MeasuredText {
 
 inline int pixels_of(const ReadPicture &picture)
 {
-    return static_cast<int>(picture.size.width / 2);
+    return pixels_of(picture.size.width);
 }
 
 // In the order of the files, which is the menu's own.

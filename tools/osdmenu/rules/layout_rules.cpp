@@ -6,16 +6,15 @@
 #include "core/fixed_items.h"
 #include "menu/rooms.h"
 #include "render/pseudo.h"
-#include "resources/glyph_banks.h"
+#include "text/glyphs.h"
 
 // What the device sets from single glyphs.
 static int width_in_glyphs(const std::string &text, const Resources &pictures)
 {
-    int width = 0;
-    for (char c : text)
-        if (glyph_index(c) != GLYPH_NONE)
-            width += pixels_of(pictures.glyphs[static_cast<size_t>(glyph_index(c))]);
-    return width;
+    int bytes = 0;
+    measure_text(
+        text.c_str(), [&](int index) { return &pictures.glyphs[static_cast<size_t>(index)].size; }, &bytes);
+    return pixels_of(static_cast<unsigned int>(bytes));
 }
 
 // The device paints numbers at run time; the widest is one of the limits.

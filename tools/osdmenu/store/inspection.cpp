@@ -5,6 +5,7 @@
 #include <glib.h>
 
 #include "common/text.h"
+#include "core/layout.h"
 #include "core/walks.h"
 #include "menu/configuration.h"
 #include "resources/glyph_banks.h"
@@ -61,8 +62,8 @@ static void describe_fault(cJSON *entry, const Fault &fault, size_t)
 // Width in pixels. The stride of glyphs and symbols tells how many bytes their rows lie apart.
 static void describe_picture(cJSON *entry, const ReadPicture &picture)
 {
-    add(entry, "width", picture.size.width / 2, "height", picture.size.height, "bytes", picture.pixels.size(), "stride",
-        picture.size.stride, "pixel_type", picture.size.pixeltype, "pixel_offset", picture.offset);
+    add(entry, "width", pixels_of(picture.size.width), "height", picture.size.height, "bytes", picture.pixels.size(),
+        "stride", picture.size.stride, "pixel_type", picture.size.pixeltype, "pixel_offset", picture.offset);
 }
 
 static void describe_line(cJSON *entry, const ReadLine &line, size_t index)
