@@ -10,6 +10,7 @@
 #include "commands/commands.h"
 #include "common/text.h"
 #include "host/streams.h"
+#include "menu/menu_keys.h"
 #include "render/png.h"
 #include "resources/glyph_banks.h"
 #include "rules/report.h"
@@ -139,7 +140,7 @@ void add_inspect(CLI::App &app, Run &run)
     command->add_flag("--json", options->json, "The same content as JSON");
     CLI::Option *png = command->add_option("--png", options->pictures, "Directory for every picture as a PNG file");
     command->add_option("--pixel-format", options->pixel_format, "In place of the manifest's")
-        ->check(CLI::IsMember({"ARGB1555", "ARGB4444", "RGB565"}))
+        ->check(CLI::IsMember(display_key("pixel_format").words()))
         ->needs(png);
     command->callback([&run, options] { run = [options] { return run_inspect(*options); }; });
 }

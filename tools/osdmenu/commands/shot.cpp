@@ -13,6 +13,7 @@
 #include "host/streams.h"
 #include "host/values.h"
 #include "lib_dbgout.h"
+#include "menu/menu_keys.h"
 #include "osd_menu_post.h"
 #include "render/png.h"
 #include "resources/glyph_banks.h"
@@ -156,12 +157,15 @@ void add_shot(CLI::App &app, Run &run)
     command->add_option("--text", options.text, "Shows a text in place of a page; \\n breaks the line");
     command->add_option("--background", options.background, "Colour behind transparent pixels")->check(is_colour);
     command->add_option("--trace", options.trace, "File for what the library prints");
-    command->add_option("--burst", options.burst, "In place of the manifest's")->check(CLI::Range(1, 8));
-    command->add_option("--font-size", options.font_size, "In place of the manifest's")->check(CLI::Range(8, 400));
-    command->add_option("--width", options.width, "Of the view, in place of the manifest's")
-        ->check(CLI::Range(16, 8192));
-    command->add_option("--height", options.height, "Of the view")->check(CLI::Range(16, 8192));
+    auto range_of = [](const char *key) {
+        const Limits &limits = display_key(key).limits;
+        return CLI::Range(limits.low, limits.high);
+    };
+    command->add_option("--burst", options.burst, "In place of the manifest's")->check(range_of("burst"));
+    command->add_option("--font-size", options.font_size, "In place of the manifest's")->check(range_of("font_size"));
+    command->add_option("--width", options.width, "Of the view, in place of the manifest's")->check(range_of("width"));
+    command->add_option("--height", options.height, "Of the view")->check(range_of("height"));
     command->add_option("--pixel-format", options.pixel_format, "In place of the manifest's")
-        ->check(CLI::IsMember({"ARGB1555", "ARGB4444", "RGB565"}));
+        ->check(CLI::IsMember(display_key("pixel_format").words()));
     command->callback([&run, shared] { run = [shared] { return run_shot(*shared); }; });
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/layout.h"
 #include "menu/menu_model.h"
 #include "rules/rule_table.h"
 
@@ -11,8 +12,10 @@ static const Display display;
 static const Colours colours;
 static const Menu menu;
 static constexpr auto number_text = [](int value) { return std::to_string(value); };
+static constexpr auto times_burst = [](int value) { return std::to_string(value) + " times burst"; };
+static constexpr layout_metrics base_metrics = layout_metrics_of(0, 1);
 static constexpr std::nullopt_t required = std::nullopt;
-static constexpr Limits any, one_or_more{1}, view_side{16, 8192};
+static constexpr Limits any, one_or_more{1}, view_side{16, MAX_PICTURE_SIDE};
 
 // Defaults that are plain values come from the model.
 static const Key keys[] = {
@@ -56,8 +59,8 @@ static const Key keys[] = {
 
     {"display", "burst", number, {1, 8}, "", number_text(display.burst), "Scale of the device's layout"},
     {"display", "font_size", number, {8, 400}, "pixels at burst 1", number_text(display.font_size), "Height of a line"},
-    {"display", "width", number, view_side, "pixels", "880 times burst", "Width of the view"},
-    {"display", "height", number, view_side, "pixels", "580 times burst", "Height of the view"},
+    {"display", "width", number, view_side, "pixels", times_burst(base_metrics.viewarea_width), "Width of the view"},
+    {"display", "height", number, view_side, "pixels", times_burst(base_metrics.viewarea_height), "Height of the view"},
     {"display", "help_percent", number, {20, 100}, "percent", number_text(display.help_percent), "Size of help lines"},
     {"display", "outline", number, {0, 32}, "pixels", number_text(display.outline), "Line around letters"},
     {"display", "pixel_format", word, any, "", pixel_format_name(display.pixel_format), "Of the view", "formats"},
@@ -81,7 +84,7 @@ static const Key keys[] = {
     {"line", "name", text, any, "", required, "By which the library or the host knows it; at most 127 bytes"},
     {"line", "text", text, any, "", required, "What people read"},
     {"line", "level", number, any, "", "0", "A word for the host, in bubbles"},
-    {"line", "indent", number, {0, 8192}, "pixels", "0", "Blank room in front of the text"},
+    {"line", "indent", number, {0, MAX_PICTURE_SIDE}, "pixels", "0", "Blank room in front of the text"},
 
     {"check", "severity", mapping, any, "", "none", "Severities that differ from the rules' own", "severity"},
     {"check", "suppress", mappings, any, "", "none", "Findings that are known and accepted", "suppression"},
@@ -165,4 +168,9 @@ const KeyTable &key_table(const std::string &name)
 {
     const std::vector<KeyTable> &tables = all_key_tables();
     return *std::find_if(tables.begin(), tables.end(), [&](const KeyTable &table) { return table.name == name; });
+}
+
+const Key &display_key(const std::string &name)
+{
+    return *key_table("display").find(name);
 }

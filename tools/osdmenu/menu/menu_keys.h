@@ -52,3 +52,6 @@ struct KeyTable {
 const std::vector<KeyTable> &all_key_tables();
 
 const KeyTable &key_table(const std::string &name);
+
+// One of the display's, by which manifests and command lines are held too.
+const Key &display_key(const std::string &name);

@@ -1,6 +1,7 @@
 #include "store/manifest.h"
 
 #include "common/text.h"
+#include "menu/menu_keys.h"
 #include "render/fonts.h"
 #include "rules/rule_table.h"
 
@@ -110,10 +111,10 @@ std::string manifest_text(const Project &project, const Findings &findings,
 }
 
 // A number outside what a menu file may say counts as missing: the manifest may be anyone's.
-static void take_number(const cJSON *root, const char *key, int low, int high, int &result)
+static void take_number(const cJSON *root, const char *key, int &result)
 {
     const cJSON *entry = cJSON_GetObjectItemCaseSensitive(root, key);
-    if (cJSON_IsNumber(entry) && entry->valueint >= low && entry->valueint <= high)
+    if (cJSON_IsNumber(entry) && display_key(key).limits.hold(entry->valueint))
         result = entry->valueint;
 }
 
@@ -166,15 +167,18 @@ Manifest read_manifest(const std::string &directory, Findings &findings)
     Json root(cJSON_Parse(content.value_or("").c_str()));
     if (!cJSON_IsObject(root.get())) {
         Finding finding{Place{path}, "no-manifest", content ? "is no JSON object" : "there is no such file"};
-        finding.cure = "taking burst 2, font size 30 and pixel format ARGB1555";
+        const Display &display = manifest.display;
+        finding.cure = "taking burst " + std::to_string(display.burst) + ", font size " +
+                       std::to_string(display.font_size) + " and pixel format " +
+                       pixel_format_name(display.pixel_format);
         findings.add(finding);
     }
-    take_number(root.get(), "burst", 1, 8, manifest.display.burst);
-    take_number(root.get(), "font_size", 8, 400, manifest.display.font_size);
-    take_number(root.get(), "width", 16, 8192, manifest.display.width);
-    take_number(root.get(), "height", 16, 8192, manifest.display.height);
+    take_number(root.get(), "burst", manifest.display.burst);
+    take_number(root.get(), "font_size", manifest.display.font_size);
+    take_number(root.get(), "width", manifest.display.width);
+    take_number(root.get(), "height", manifest.display.height);
     manifest.display.pixel_format =
-        parse_pixel_format(text_of(root.get(), "pixel_format")).value_or(PixelFormat::argb1555);
+        parse_pixel_format(text_of(root.get(), "pixel_format")).value_or(manifest.display.pixel_format);
     manifest.background = parse_colour(text_of(root.get(), "background")).value_or(Colour{});
     manifest.device_directory = text_of(root.get(), "device_directory");
     manifest.accessory = text_of(root.get(), "accessory");
