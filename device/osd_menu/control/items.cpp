@@ -100,9 +100,7 @@ int osdmenu_disableitem_byname(const char *itemname)
     return 0;
 }
 
-// Bytes of a new text. What stands behind them in the block is left alone.
-enum { TEXT_LIMIT = 64 };
-
+// What stands behind a new text in its block is left alone.
 int osdmenu_action_setnewtxtvalue2menuitem(struct osdmenu_item *menuitem, const char *txtvalue)
 {
     if (!menuitem || !txtvalue) {
@@ -113,7 +111,7 @@ int osdmenu_action_setnewtxtvalue2menuitem(struct osdmenu_item *menuitem, const 
     if (!choice)
         return 0;
     if (choice->u.txt.description)
-        store_text(choice->u.txt.description, TEXT_LIMIT, txtvalue, strnlen(txtvalue, TEXT_LIMIT));
+        store_text(choice->u.txt.description, FREE_TEXT_LENGTH, txtvalue, strnlen(txtvalue, FREE_TEXT_LENGTH));
     menuitem->item_values.type = VALUE_RAWTXT;
     menuitem->item_values.current = 0;
     return 0;
@@ -122,9 +120,9 @@ int osdmenu_action_setnewtxtvalue2menuitem(struct osdmenu_item *menuitem, const 
 int osdmenu_action_setnewtxtvalue2menuitem_byname(const char *itemname, const char *txtvalue)
 {
     DBG_INFO("Enter\n");
-    char text[TEXT_LIMIT + 1]; // several items may bear the name, and the text may be that of the first
+    char text[FREE_TEXT_LENGTH + 1]; // several items may bear the name, and the text may be that of the first
     if (txtvalue)
-        store_text(text, sizeof text, txtvalue, strnlen(txtvalue, TEXT_LIMIT));
+        store_text(text, sizeof text, txtvalue, strnlen(txtvalue, FREE_TEXT_LENGTH));
     for (struct osdmenu_item *item = first_loaded(); item; item = loaded_after(item)) {
         if (!is_named(item->name, itemname))
             continue;

@@ -3,6 +3,8 @@
 
 #include "osd_menu.h"
 
+enum { FREE_TEXT_LENGTH = 64 }; // bytes that an item takes of a text given at run time
+
 // The types whose value has a list of choices. For all others the list is never followed.
 inline bool has_choices(const struct osdmenu_item_value *value)
 {

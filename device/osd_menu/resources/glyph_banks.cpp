@@ -140,7 +140,6 @@ void free_read2mem_menuitem_commonchar(void)
     }
 }
 
-// The table takes one symbol more than a file may hold.
 int read2mem_menuitem_utf16symbol(const char *dir)
 {
     struct bank_file file = {

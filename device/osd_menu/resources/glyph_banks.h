@@ -8,6 +8,8 @@ enum {
     GLYPH_NONE = 93,  // what the lookup gives for a character outside the table
     GLYPH_SPACE = 88, // stands in for such a character where a painter wants one
     SYMBOL_COUNT = 32,
+    SYMBOLS_IN_FILE = SYMBOL_COUNT - 1, // at most: with one more the load fails
+    SYMBOLS_OF_MENU = 4,                // painted by pages and help lines; the others are the host's
 };
 
 // Symbols are known by their index alone.

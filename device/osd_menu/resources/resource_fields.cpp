@@ -7,7 +7,7 @@
 
 #include "core/debug.h"
 
-enum { TEXT_LENGTH = 128, PICTURE_SPARE = 4 };
+enum { PICTURE_SPARE = 4 };
 
 const struct load_failure meta_not_open = {"open meta_file", "open meta_file"};
 const struct load_failure data_not_open = {"open data_file", "open data_file"};

@@ -5,6 +5,7 @@
 
 #include "osd_menu.h"
 #include "resources/file_reader.h"
+#include "resources/text_limits.h"
 
 // What failed: in the words of perror, and in those of the line behind it.
 struct load_failure {
@@ -44,10 +45,8 @@ inline std::uint32_t picture_size(const struct osdmenu_view_bitmap *picture)
 // A zeroed block for a picture of that size. Null with errno set when there is no memory, or none of that size.
 char *allocate_picture(std::uint32_t size);
 
-enum { TEXT_BLOCK = 132 }; // bytes of the block of a text; the last 4 stay zero
-
-// Allocates a text and reads it: up to its zero byte, or 128 bytes without one. Both an end and a failure of the file
-// are reported; at an end the text is what came before it.
+// Allocates a text and reads it: up to its zero byte, or TEXT_LENGTH bytes without one. Both an end and a failure of
+// the file are reported; at an end the text is what came before it.
 enum field_result read_text(const char *loader, struct reader *data, char **text, const struct load_failure *no_memory);
 
 // Allocates the pixels of a picture and reads them. A file that ends within them leaves the rest zero.

@@ -7,12 +7,14 @@
 #include <string>
 #include <vector>
 
+#include "resources/text_limits.h"
+
 // What stops a subcommand beside the findings: a file that can't be written, a wrong directory. Shown as it is.
 struct Failure : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-inline constexpr size_t MAX_TEXT = 127; // bytes of a name or a description in the resource files
+inline constexpr size_t MAX_TEXT = TEXT_LENGTH - 1; // bytes of a name or a description in the resource files
 
 bool is_utf8_continuation(char byte);
 

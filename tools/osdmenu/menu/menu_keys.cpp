@@ -2,8 +2,11 @@
 
 #include <algorithm>
 
+#include "common/text.h"
+#include "core/item_value.h"
 #include "core/layout.h"
 #include "menu/menu_model.h"
+#include "osd_menu_post.h"
 #include "rules/rule_table.h"
 
 using enum KeyType;
@@ -14,8 +17,13 @@ static const Menu menu;
 static constexpr auto number_text = [](int value) { return std::to_string(value); };
 static constexpr auto times_burst = [](int value) { return std::to_string(value) + " times burst"; };
 static constexpr layout_metrics base_metrics = layout_metrics_of(0, 1);
+static const std::string name_limit = "at most " + std::to_string(MAX_TEXT) + " bytes";
+static const std::string first_symbol = std::to_string(SYMBOLS_OF_MENU);
 static constexpr std::nullopt_t required = std::nullopt;
 static constexpr Limits any, one_or_more{1}, view_side{16, MAX_PICTURE_SIDE};
+// As much as the library takes, with a terminator behind each text.
+static constexpr Limits accessory_name{.high = sizeof kz73_name - 1}, free_text{.high = FREE_TEXT_LENGTH - 1};
+static constexpr Limits more_symbols{.high = SYMBOLS_IN_FILE - SYMBOLS_OF_MENU};
 
 // Defaults that are plain values come from the model.
 static const Key keys[] = {
@@ -29,11 +37,11 @@ static const Key keys[] = {
     {"menu", "symbols", mapping, any, "", "triangles", "Marks that pages and help lines paint", "symbols"},
     {"menu", "help_lines", mappings, any, "", "none", "Named select, change, enter, menu and menu0", "line"},
     {"menu", "bubbles", mappings, any, "", "none", "Messages that the host shows by their names", "line"},
-    {"menu", "accessory", plain_text, {.high = 31}, "bytes", "none", "Name of an accessory, for previews"},
+    {"menu", "accessory", plain_text, accessory_name, "bytes", "none", "Name of an accessory, for previews"},
     {"menu", "device_directory", text, any, "", menu.device_directory, "Where the device keeps the languages"},
     {"menu", "check", mapping, any, "", "none", "How findings count in this menu", "check"},
 
-    {"item", "name", text, any, "", required, "By which the host knows it, unlike any other; at most 127 bytes"},
+    {"item", "name", text, any, "", required, "By which the host knows it, unlike any other; " + name_limit},
     {"item", "text", text, any, "", "its name, blanks for _ and -, with a capital", "What people read"},
     {"item", "enabled", flag, any, "", "true", "Whether the row is there before the host asks for it"},
     {"item", "muted", flag, any, "", "false", "Whether it is painted as something to read, not to choose"},
@@ -41,7 +49,7 @@ static const Key keys[] = {
     {"item", "value", text, any, "", "the first of its choices", "The choice that it starts with"},
     {"item", "number", mapping, any, "", "none", "Its value is a number", "limits"},
     {"item", "percentage", mapping, any, "", "none", "Its value is a number with a percent sign", "limits"},
-    {"item", "free_text", plain_text, {.high = 63}, "bytes", "none", "Its value is a text that the host replaces"},
+    {"item", "free_text", plain_text, free_text, "bytes", "none", "Its value is a text that the host replaces"},
     {"item", "items", mappings, any, "", "none", "Rows of its own page; four levels are the most", "item"},
 
     {"limits", "low", number, any, "", number_text(STANDARD_LIMITS.lowlimit), "Smallest value"},
@@ -79,9 +87,9 @@ static const Key keys[] = {
     {"symbols", "pointer", text, any, "", "a triangle", "Mark of the current row, and of the key to the right"},
     {"symbols", "down", text, any, "", "a triangle", "Mark of rows below"},
     {"symbols", "left", text, any, "", "a triangle", "Mark of the key to the left"},
-    {"symbols", "more", texts, {.high = 27}, "", "none", "Symbols of the host, from index 4 on"},
+    {"symbols", "more", texts, more_symbols, "", "none", "Symbols of the host, from index " + first_symbol + " on"},
 
-    {"line", "name", text, any, "", required, "By which the library or the host knows it; at most 127 bytes"},
+    {"line", "name", text, any, "", required, "By which the library or the host knows it; " + name_limit},
     {"line", "text", text, any, "", required, "What people read"},
     {"line", "level", number, any, "", "0", "A word for the host, in bubbles"},
     {"line", "indent", number, {0, MAX_PICTURE_SIDE}, "pixels", "0", "Blank room in front of the text"},

@@ -10,6 +10,7 @@
 #include "core/fixed_items.h"
 #include "osd_menu.h"
 #include "render/pixels.h"
+#include "resources/glyph_banks.h"
 #include "rules/findings.h"
 
 struct Text {
@@ -87,8 +88,8 @@ struct Line {
 enum class TextKind { row_text, choice, help_line, bubble };
 
 struct Symbols {
-    std::array<Text, 4> marks; // up, pointer (also right), down, left; without words a triangle is drawn
-    std::vector<Text> more;    // from index 4 on
+    std::array<Text, SYMBOLS_OF_MENU> marks; // by SYMBOL_...; without words a triangle is drawn
+    std::vector<Text> more;                  // the host's, behind them
 };
 
 struct Menu {

@@ -202,9 +202,10 @@ static void read_lines(const Mapping &map, const std::string &key, std::vector<L
 
 static void read_symbols(const Mapping &map, Symbols &symbols)
 {
-    Text *mark = symbols.marks.data();
-    for (const char *key : {"up", "pointer", "down", "left"})
-        map.read(key, *mark++);
+    static constexpr std::pair<const char *, size_t> marks[] = {
+        {"up", SYMBOL_UP}, {"pointer", SYMBOL_POINTER}, {"down", SYMBOL_DOWN}, {"left", SYMBOL_LEFT}};
+    for (const auto &[key, symbol] : marks)
+        map.read(key, symbols.marks[symbol]);
     map.read("more", symbols.more);
 }
 

@@ -282,14 +282,28 @@ Rendered Renderer::glyph(char character) const
     return {picture, missing_characters(fonts, layout, words)};
 }
 
+// From pointing right, clockwise.
+static int quarter_turns(int symbol)
+{
+    switch (symbol) {
+    case SYMBOL_DOWN:
+        return 1;
+    case SYMBOL_LEFT:
+        return 2;
+    case SYMBOL_UP:
+        return 3;
+    default:
+        return 0;
+    }
+}
+
 // Two of them stand side by side in help lines, three quarters of a line apart.
-Picture Renderer::triangle(int index) const
+Picture Renderer::triangle(int symbol) const
 {
     double height = geometry.line_height, width = std::floor(height * 7 / 12), side = height * 0.42;
     Canvas canvas(static_cast<int>(width), geometry.line_height, canvas_background());
-    static constexpr double quarter_turns[] = {3, 0, 1, 2}; // from pointing right, clockwise: up, right, down, left
     cairo_translate(canvas.cairo, width / 2, height / 2);
-    cairo_rotate(canvas.cairo, quarter_turns[index] * std::acos(0.0));
+    cairo_rotate(canvas.cairo, quarter_turns(symbol) * std::acos(0.0));
     cairo_move_to(canvas.cairo, side * 0.43, 0);
     cairo_line_to(canvas.cairo, -side * 0.43, -side / 2);
     cairo_line_to(canvas.cairo, -side * 0.43, side / 2);

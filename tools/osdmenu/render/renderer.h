@@ -29,8 +29,8 @@ class Renderer
     Rendered text(const std::string &words, const Style &style) const;
     Rendered glyph(char character) const;
 
-    // As symbol `index` of the four that pages and help lines paint.
-    Picture triangle(int index) const;
+    // As SYMBOL_... of those that pages and help lines paint.
+    Picture triangle(int symbol) const;
 
   private:
     struct Canvas;

@@ -21,7 +21,8 @@ static void check_name(const std::string &name, const Place &place, std::map<std
         return;
     }
     if (name.size() > MAX_TEXT)
-        findings.error(place, "a name holds at most 127 bytes (found " + std::to_string(name.size()) + ")");
+        findings.error(place, "a name holds at most " + std::to_string(MAX_TEXT) + " bytes (found " +
+                                  std::to_string(name.size()) + ")");
     auto [first, is_new] = seen.insert({name, place});
     if (!is_new)
         findings.add({place, "duplicate-name",
@@ -44,9 +45,11 @@ static void check_names(const Menu &menu, const std::vector<Row> &rows, Findings
             findings.error(language.place, "'pseudo' is the code of the made-up language that build --pseudo adds");
         std::string directory = menu.device_directory + language.code + "/";
         if (directory.size() > MAX_DIRECTORY)
-            findings.add({language.place, "directory-too-long",
-                          "the directory " + in_quotes(directory) + " on the device is too long",
-                          "'device_directory' and the code take at most 59 bytes together", language.code});
+            findings.add(
+                {language.place, "directory-too-long",
+                 "the directory " + in_quotes(directory) + " on the device is too long",
+                 "'device_directory' and the code take at most " + std::to_string(MAX_DIRECTORY) + " bytes together",
+                 language.code});
     }
 }
 

@@ -11,9 +11,6 @@ namespace
 {
 
 constexpr unsigned int MAX_SIDE = MAX_PICTURE_SIDE;
-constexpr size_t MAX_STRING = 128; // bytes read before a string ends without a terminator
-constexpr size_t MIN_SYMBOLS = 4;  // what pages and help lines paint
-constexpr size_t MAX_SYMBOLS = 31; // with one more the library's load fails
 
 using Contents = std::map<std::string, std::string>; // by file name
 
@@ -63,14 +60,14 @@ class Cursor
         return record;
     }
 
-    // Up to 127 bytes and a zero, or 128 bytes without one.
+    // Up to its zero, or as long as any may be without one.
     std::string string(const std::string &what)
     {
         size_t end = content.find('\0', position);
         size_t length = std::min(end, content.size()) - position;
-        if (length >= MAX_STRING) {
-            std::string text = content.substr(position, MAX_STRING);
-            position += MAX_STRING;
+        if (length >= TEXT_LENGTH) {
+            std::string text = content.substr(position, TEXT_LENGTH);
+            position += TEXT_LENGTH;
             return text;
         }
         if (end == std::string::npos)
@@ -210,12 +207,12 @@ static void read_glyphs(Cursor &file, Resources &resources)
         file.fail("there are " + std::to_string(resources.glyphs.size()) + " glyphs of " + std::to_string(GLYPH_COUNT));
 }
 
-// One symbol more than the most, and the device reports a failed load.
 static void read_symbols(Cursor &file, Resources &resources)
 {
-    read_bank(file, resources.symbols, MAX_SYMBOLS, "symbol");
-    if (resources.symbols.size() < MIN_SYMBOLS)
-        file.fail("there are " + std::to_string(resources.symbols.size()) + " symbols of at least 4");
+    read_bank(file, resources.symbols, SYMBOLS_IN_FILE, "symbol");
+    if (resources.symbols.size() < SYMBOLS_OF_MENU)
+        file.fail("there are " + std::to_string(resources.symbols.size()) + " symbols of at least " +
+                  std::to_string(SYMBOLS_OF_MENU));
 }
 
 FileSource files_of_directory(const std::string &directory)
