@@ -2,6 +2,7 @@
 #include <cstdio>
 
 #include "core/debug.h"
+#include "core/item_value.h"
 #include "core/walks.h"
 #include "text/glyphs.h"
 
@@ -77,7 +78,7 @@ int osdmenu_draw_itemvalue_number(int start_x, int start_y, struct osdmenu_item_
     if (!itemvaluenumber)
         return 0;
     return draw_bounded(__func__, start_x, start_y, &itemvaluenumber->current, itemvaluenumber->lowlimit,
-                        itemvaluenumber->highlimit, "");
+                        itemvaluenumber->highlimit, unit_of(VALUE_NUMBER));
 }
 
 int osdmenu_draw_itemvalue_percentage(int start_x, int start_y,
@@ -86,7 +87,7 @@ int osdmenu_draw_itemvalue_percentage(int start_x, int start_y,
     if (!itemvaluepercentage)
         return 0;
     return draw_bounded(__func__, start_x, start_y, &itemvaluepercentage->current, itemvaluepercentage->lowlimit,
-                        itemvaluepercentage->highlimit, "%");
+                        itemvaluepercentage->highlimit, unit_of(VALUE_PERCENTAGE));
 }
 
 int osdmenu_draw_itemvalue_rawtxt(int start_x, int start_y, struct osdmenu_item_value *item_value)
@@ -101,8 +102,7 @@ int osdmenu_draw_itemvalue_rawtxt(int start_x, int start_y, struct osdmenu_item_
     return result;
 }
 
-// Keys move `current` without a look at the list, so this is where it wraps: past the end to the first choice, below 0,
-// however far, to the last.
+// Keys move `current` without a look at the list, so this is where it wraps.
 static void draw_present_choice(int start_x, int start_y, struct osdmenu_item_value *value)
 {
     int count = 0;
@@ -114,9 +114,8 @@ static void draw_present_choice(int start_x, int start_y, struct osdmenu_item_va
             return;
         }
     }
-    bool from_below = value->current < 0 && last;
-    value->current = from_below ? count - 1 : 0;
-    struct osdmenu_item_value *wrapped = from_below ? last : first_choice(value);
+    value->current = wrapped_choice(value->current, count);
+    struct osdmenu_item_value *wrapped = value->current > 0 ? last : first_choice(value);
     if (wrapped)
         osdmenu_draw_itemvalue_txt(start_x, start_y, &wrapped->u.txt);
 }

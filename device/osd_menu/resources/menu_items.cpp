@@ -49,7 +49,7 @@ static int forget_file_pointers(struct osdmenu_item *item)
     item->view.description = nullptr;
     item->view.viewbitmap.bitmap = nullptr;
     std::memset(&value->u, 0, sizeof value->u);
-    if (value->type == VALUE_NUMBER || value->type == VALUE_PERCENTAGE)
+    if (is_number(value->type))
         value->u.number = number;
     if (has_choices(value))
         list_init(&value->list);

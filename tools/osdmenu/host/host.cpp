@@ -6,6 +6,7 @@
 #include "common/text.h"
 #include "control/position.h"
 #include "core/fixed_items.h"
+#include "core/item_value.h"
 #include "core/layout.h"
 #include "core/state.h"
 #include "core/walks.h"
@@ -67,9 +68,9 @@ static int within_limits(const osdmenu_item *item, int value)
         int count = std::max(1, choice_count(item));
         return (value % count + count) % count;
     }
-    if (item->item_values.type != VALUE_NUMBER && item->item_values.type != VALUE_PERCENTAGE)
+    if (!is_number(item->item_values.type))
         return value;
-    const osdmenu_item_value_number &number = item->item_values.u.number; // a percentage has the same fields
+    const osdmenu_item_value_number &number = item->item_values.u.number;
     return std::min(std::max(value, number.lowlimit), number.highlimit);
 }
 

@@ -6,8 +6,8 @@
 
 int current_value(const osdmenu_item *item)
 {
-    const osdmenu_item_value &value = item->item_values; // a percentage has the fields of a number
-    return value.type == VALUE_NUMBER || value.type == VALUE_PERCENTAGE ? value.u.number.current : value.current;
+    const osdmenu_item_value &value = item->item_values;
+    return is_number(value.type) ? value.u.number.current : value.current;
 }
 
 int choice_count(const osdmenu_item *item)
@@ -30,14 +30,13 @@ const osdmenu_item_value *choice_at(const osdmenu_item *item, int index)
 
 std::string value_text(const osdmenu_item *item, int value)
 {
-    if (auto count = static_cast<unsigned int>(choice_count(item)); count > 0) {
-        int index = static_cast<int>(static_cast<unsigned int>(value) % count);
-        const char *text = choice_at(item, index)->u.txt.description;
+    const unsigned int type = item->item_values.type;
+    if (int count = choice_count(item); count > 0) {
+        bool is_in_list = value >= 0 && value < count;
+        const char *text = choice_at(item, is_in_list ? value : wrapped_choice(value, count))->u.txt.description;
         return text ? text : "";
     }
-    if (item->item_values.type == VALUE_PERCENTAGE)
-        return std::to_string(value) + "%";
-    return item->item_values.type == VALUE_NUMBER ? std::to_string(value) : "";
+    return is_number(type) ? std::to_string(value) + unit_of(type) : "";
 }
 
 int width_in_glyphs(const std::string &text)

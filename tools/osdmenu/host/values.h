@@ -12,7 +12,7 @@ int choice_count(const osdmenu_item *item); // 0 for a row without choices
 // Null behind the last choice, and for a row without any.
 const osdmenu_item_value *choice_at(const osdmenu_item *item, int index);
 
-// As the page shows it, which begins anew behind the last choice. Empty for a row without a value.
+// As the page shows it, whatever the value. Empty for a row without a value.
 std::string value_text(const osdmenu_item *item, int value);
 
 // Pixels that a text takes in the glyphs that are loaded.

@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "common/text.h"
+#include "core/item_value.h"
 #include "resources/glyph_banks.h"
 
 namespace
@@ -138,7 +139,7 @@ void Writer::row(const Row &row)
     describe(image.view.viewbitmap, view, job.project.menu.display.pixel_format);
     image.item_values.type = item.value_type;
     image.item_values.current = item.current;
-    if (item.value_type == VALUE_NUMBER || item.value_type == VALUE_PERCENTAGE)
+    if (is_number(item.value_type))
         image.item_values.u.number = item.number;
     // The count travels where the description's pointer will stand.
     int count = static_cast<int>(item.choices.size());

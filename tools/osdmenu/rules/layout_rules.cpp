@@ -4,6 +4,7 @@
 
 #include "common/text.h"
 #include "core/fixed_items.h"
+#include "core/item_value.h"
 #include "menu/rooms.h"
 #include "render/pseudo.h"
 #include "text/glyphs.h"
@@ -22,9 +23,9 @@ static void visit_number(const Project &project, const std::string &language, co
                          const VisitFit &visit)
 {
     const Item &item = *row.item;
-    std::string sign = item.value_type == VALUE_PERCENTAGE ? "%" : "";
-    Text low{std::to_string(item.number.lowlimit) + sign, item.place};
-    Text high{std::to_string(item.number.highlimit) + sign, item.place};
+    std::string unit = unit_of(item.value_type);
+    Text low{std::to_string(item.number.lowlimit) + unit, item.place};
+    Text high{std::to_string(item.number.highlimit) + unit, item.place};
     int low_width = width_in_glyphs(low.words, pictures), high_width = width_in_glyphs(high.words, pictures);
     visit({low_width > high_width ? low : high, item.name, &row, TextKind::choice, std::max(low_width, high_width)},
           room_of(project, language, TextKind::choice, &row, item.name));
@@ -53,7 +54,7 @@ void for_each_fit(const Project &project, const std::string &language, const Res
             visit_fit(text);
     });
     for (const Row &row : project.rows)
-        if (row.item->value_type == VALUE_NUMBER || row.item->value_type == VALUE_PERCENTAGE)
+        if (is_number(row.item->value_type))
             visit_number(project, language, pictures, row, visit);
 }
 
