@@ -36,11 +36,11 @@ const char *config_text(const char *key)
 // Two values are copied out of the tree; everything else is read from it at each use.
 static void take_over_copied_values(void)
 {
-    if (is_named(config_text("Main_Menu_Separator"), "underlineenable")) {
+    if (is_named(config_text(SEPARATOR_KEY), "underlineenable")) {
         underlineenable = 1;
         LIB_TRACE_AS("osdmenu_config_init", LOG_EVENT, "underlineenable %d\n", underlineenable);
     }
-    osdmenu_default_color = config_number(osdmenu_config, "default_color", osdmenu_default_color);
+    osdmenu_default_color = config_number(osdmenu_config, BACKGROUND_KEY, osdmenu_default_color);
 }
 
 void osdmenu_config_init(const char *font_dir)
@@ -48,7 +48,7 @@ void osdmenu_config_init(const char *font_dir)
     if (!font_dir)
         return;
     char path[128]; // a longer path is cut
-    std::snprintf(path, sizeof path, "%s/../conf_backup/osd_menu.json", font_dir);
+    std::snprintf(path, sizeof path, "%s/../%s", font_dir, CONFIG_FILE);
     char *text = read_file_to_buf(path);
     if (!text)
         return;

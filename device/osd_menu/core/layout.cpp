@@ -1,8 +1,6 @@
 // Layout metrics: their values at load, their scaling, and the value column of the page on show.
 #include "core/layout.h"
 
-#include <cstdio>
-
 #include "core/config.h"
 #include "core/state.h"
 
@@ -58,26 +56,13 @@ void osdmenu_meeting_camera_helpline_enable(int status)
     g_meetingCameraHelpLineStatus = status != 0;
 }
 
-// The page's path of parents, such as ".3.1". The position within the page is no part of it.
-static void page_key(char *level_string, std::size_t size)
-{
-    std::strncpy(level_string, osdmenu_current_viewlevel == 0 ? "." : "", size);
-    for (int level = 0; level < osdmenu_current_viewlevel; level++) {
-        char temp[8];
-        std::snprintf(temp, sizeof temp, ".%d", current_view_position.levels[level]);
-        std::strncat(level_string, temp, size - std::strlen(level_string) - 1);
-    }
-}
-
 int get_osdmenu_view_valuearea_x(void)
 {
     if (!osdmenu_config)
         return osdmenu_view_valuearea_x;
-    char level_string[32];
-    page_key(level_string, sizeof level_string);
+    char level_string[PAGE_KEY_SIZE];
+    page_key(level_string, current_view_position.levels, osdmenu_current_viewlevel);
     char language[sizeof language_string + 1] = {}; // language_string may fill its array without a terminator
     std::memcpy(language, language_string, sizeof language_string);
-    const cJSON *languages = config_entry(osdmenu_config, "value_offset_x");
-    const cJSON *pages = config_entry(languages, language);
-    return config_number(pages, level_string, osdmenu_view_valuearea_x);
+    return config_value_column(osdmenu_config, language, level_string, osdmenu_view_valuearea_x);
 }

@@ -85,10 +85,10 @@ static void paint_layout(const struct help_layout *layout)
 // The item's own entry beats the default.
 static int layout_of(const struct osdmenu_item *item)
 {
-    int by_default = config_number(osdmenu_config, "helpline_default", 0);
+    int by_default = config_number(osdmenu_config, HELP_DEFAULT_KEY, 0);
     if (!item->name)
         return by_default;
-    return config_number(config_entry(osdmenu_config, "helpline_type"), item->name, by_default);
+    return config_number(config_entry(osdmenu_config, HELP_TYPES_KEY), item->name, by_default);
 }
 
 void osdmenu_draw_meeting_camera_helpline(void)

@@ -5,6 +5,7 @@
 #include "commands/commands.h"
 #include "commands/progress.h"
 #include "common/text.h"
+#include "core/config.h"
 #include "host/streams.h"
 #include "render/languages.h"
 #include "rules/judgement.h"
@@ -60,7 +61,7 @@ static Files all_files(const Project &project, const Findings &findings, const L
         records[language.code] = {language.inputs, digest_of(language.files)};
     }
     files["menu.json"] = manifest_text(project, findings, font_versions(fonts), records);
-    files["conf_backup/osd_menu.json"] = project.configuration.text();
+    files[CONFIG_FILE] = project.configuration.text();
     return files;
 }
 

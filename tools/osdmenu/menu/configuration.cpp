@@ -7,6 +7,7 @@
 
 #include "common/text.h"
 #include "control/anchors.h"
+#include "core/config.h"
 #include "page/help_layouts.h"
 
 // Keys keep the order in which they were added, so the text is the same on every run.
@@ -141,7 +142,8 @@ static void check_background(const Checked &in, const cJSON *entry)
 {
     int word = fill_word(in.menu.display.pixel_format, in.menu.colours.background);
     if (entry->valueint != word)
-        in.wrong({entry->string}, "'default_color' differs from the menu's background, " + std::to_string(word),
+        in.wrong({entry->string},
+                 in_quotes(BACKGROUND_KEY) + " differs from the menu's background, " + std::to_string(word),
                  "leave it out: it is added");
 }
 
@@ -152,11 +154,11 @@ static void check_anchor(const Checked &in, const cJSON *entry)
 }
 
 static constexpr Entry known_entries[] = {
-    {"Main_Menu_Separator", cJSON_IsString, "a text", [](const Checked &, const cJSON *) {}},
-    {"default_color", cJSON_IsNumber, "a number", check_background},
-    {"value_offset_x", cJSON_IsObject, "an object", check_value_columns},
-    {"helpline_default", cJSON_IsNumber, "a number", check_help_layout},
-    {"helpline_type", cJSON_IsObject, "an object", check_help_types},
+    {SEPARATOR_KEY, cJSON_IsString, "a text", [](const Checked &, const cJSON *) {}},
+    {BACKGROUND_KEY, cJSON_IsNumber, "a number", check_background},
+    {VALUE_COLUMNS_KEY, cJSON_IsObject, "an object", check_value_columns},
+    {HELP_DEFAULT_KEY, cJSON_IsNumber, "a number", check_help_layout},
+    {HELP_TYPES_KEY, cJSON_IsObject, "an object", check_help_types},
 };
 
 static const Entry *entry_known(const std::string &key)
@@ -201,8 +203,8 @@ Configuration::Configuration(const Menu &menu, const std::vector<Row> &rows, Fin
     root = std::move(parsed);
     const cJSON *entry;
     cJSON_ArrayForEach(entry, root.get()) check_entry(in, entry);
-    if (!cJSON_GetObjectItemCaseSensitive(root.get(), "default_color"))
-        cJSON_AddNumberToObject(root.get(), "default_color",
+    if (!config_entry(root.get(), BACKGROUND_KEY))
+        cJSON_AddNumberToObject(root.get(), BACKGROUND_KEY,
                                 fill_word(menu.display.pixel_format, menu.colours.background));
 }
 
@@ -212,13 +214,9 @@ std::string Configuration::text_of(const std::string &key) const
     return cJSON_IsString(entry) ? entry->valuestring : "";
 }
 
-// The same three lookups that the library makes at the start of a page.
 int Configuration::value_column(const Menu &menu, const std::string &language, const std::string &page,
                                 int fallback) const
 {
-    const cJSON *columns = cJSON_GetObjectItemCaseSensitive(root.get(), "value_offset_x");
-    std::string directory = menu.device_directory + language + "/";
-    const cJSON *pages = cJSON_GetObjectItemCaseSensitive(columns, directory.c_str());
-    const cJSON *column = cJSON_GetObjectItemCaseSensitive(pages, page.c_str());
-    return cJSON_IsNumber(column) ? column->valueint : fallback;
+    const std::string directory = menu.device_directory + language + "/";
+    return config_value_column(root.get(), directory.c_str(), page.c_str(), fallback);
 }

@@ -1,6 +1,7 @@
 #include "menu/rows.h"
 
 #include "control/position.h"
+#include "core/config.h"
 #include "core/state.h"
 
 // On the deepest level the coordinate stands where the enable mark does, so the value that disables is left out.
@@ -46,10 +47,15 @@ std::vector<Row> rows_in_file_order(const Menu &menu)
 
 std::string page_key(const std::vector<Row> &rows, const Row &row)
 {
-    std::string key;
-    for (int parent = row.parent; parent >= 0; parent = rows[static_cast<size_t>(parent)].parent)
-        key.insert(0, std::string(".").append(std::to_string(rows[static_cast<size_t>(parent)].enabled_index)));
-    return key.empty() ? "." : key;
+    unsigned char path[MENU_LEVELS] = {};
+    const Row *at = &row;
+    while (at->parent >= 0) {
+        at = &rows[static_cast<size_t>(at->parent)];
+        path[at->depth] = static_cast<unsigned char>(at->enabled_index);
+    }
+    char key[PAGE_KEY_SIZE];
+    page_key(key, path, row.depth);
+    return key;
 }
 
 const Item *opening_item(const Menu &menu, const Item *parent)

@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "common/text.h"
+#include "core/config.h"
 
 namespace fs = std::filesystem;
 
@@ -49,7 +50,7 @@ std::string MenuDirectory::language_to_start_in(const std::string &wanted) const
 // The library goes on without it in silence.
 static void look_for_configuration(const std::string &menu, Findings &findings)
 {
-    const std::string path = menu + "conf_backup/osd_menu.json";
+    const std::string path = menu + CONFIG_FILE;
     const std::optional<std::string> content = read_file(path);
     if (Json root(cJSON_Parse(content.value_or("").c_str())); !cJSON_IsObject(root.get()))
         findings.add({Place{path}, "no-configuration", content ? "is no JSON object" : "there is no such file"});

@@ -11,6 +11,7 @@
 #include <unistd.h>
 
 #include "common/text.h"
+#include "core/config.h"
 #include "store/resource_reader.h"
 
 namespace fs = std::filesystem;
@@ -55,7 +56,7 @@ static bool is_ours(const fs::path &file)
 {
     auto names = std::begin(RESOURCE_FILES);
     bool is_resource = std::find(names, std::end(RESOURCE_FILES), file.filename()) != std::end(RESOURCE_FILES);
-    return file == "menu.json" || file == "conf_backup/osd_menu.json" ||
+    return file == "menu.json" || file == CONFIG_FILE ||
            (is_resource && !file.parent_path().empty() && file.parent_path().parent_path().empty());
 }
 
