@@ -11,13 +11,13 @@
 namespace
 {
 
-struct Words : Screen {
+struct WordScreen : Screen {
     std::FILE *out, *err;
     std::string word;
     std::vector<std::string> told;
     bool is_asked = false, is_at_end = false;
 
-    Words(std::FILE *output, std::FILE *errors) : out(output), err(errors) {}
+    WordScreen(std::FILE *output, std::FILE *errors) : out(output), err(errors) {}
 
     // One byte at a time, so that the words behind it are still there when the process starts anew.
     bool read_word(int milliseconds)
@@ -66,5 +66,5 @@ struct Words : Screen {
 
 std::unique_ptr<Screen> open_words(std::FILE *out, std::FILE *err)
 {
-    return std::make_unique<Words>(out, err);
+    return std::make_unique<WordScreen>(out, err);
 }

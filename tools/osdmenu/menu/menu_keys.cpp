@@ -11,9 +11,8 @@
 
 using enum KeyType;
 
-static const Display display;
-static const Colours colours;
-static const Menu menu;
+static const Menu model;
+static const Display &screen = model.display;
 static constexpr auto number_text = [](int value) { return std::to_string(value); };
 static constexpr auto times_burst = [](int value) { return std::to_string(value) + " times burst"; };
 static constexpr layout_metrics base_metrics = layout_metrics_of(0, 1);
@@ -28,7 +27,7 @@ static constexpr Limits more_symbols{.high = SYMBOLS_IN_FILE - SYMBOLS_OF_MENU};
 // Defaults that are plain values come from the model.
 static const Key keys[] = {
     {"menu", "items", mappings, one_or_more, "", required, "Rows of the top list", "item"},
-    {"menu", "source_language", text, any, "", menu.source_language, "Code of the language of the texts in this file"},
+    {"menu", "source_language", text, any, "", model.source_language, "Code of the language of the texts in this file"},
     {"menu", "languages", mappings, one_or_more, "", "the source language", "Each a directory of the result",
      "language"},
     {"menu", "fonts", mappings, one_or_more, "", "DejaVu Sans", "First choice first; no others are used", "font"},
@@ -38,7 +37,7 @@ static const Key keys[] = {
     {"menu", "help_lines", mappings, any, "", "none", "Named select, change, enter, menu and menu0", "line"},
     {"menu", "bubbles", mappings, any, "", "none", "Messages that the host shows by their names", "line"},
     {"menu", "accessory", plain_text, accessory_name, "bytes", "none", "Name of an accessory, for previews"},
-    {"menu", "device_directory", text, any, "", menu.device_directory, "Where the device keeps the languages"},
+    {"menu", "device_directory", text, any, "", model.device_directory, "Where the device keeps the languages"},
     {"menu", "check", mapping, any, "", "none", "How findings count in this menu", "check"},
 
     {"item", "name", text, any, "", required, "By which the host knows it, unlike any other; " + name_limit},
@@ -65,23 +64,24 @@ static const Key keys[] = {
     {"font", "scripts", texts, any, "", "all alike", "Scripts that it goes first for: ISO 15924 codes such as Arab"},
     {"font", "percent", number, {20, 200}, "percent", number_text(Font().percent), "Size of letters in these scripts"},
 
-    {"display", "burst", number, {1, 8}, "", number_text(display.burst), "Scale of the device's layout"},
-    {"display", "font_size", number, {8, 400}, "pixels at burst 1", number_text(display.font_size), "Height of a line"},
+    {"display", "burst", number, {1, 8}, "", number_text(screen.burst), "Scale of the device's layout"},
+    {"display", "font_size", number, {8, 400}, "pixels at burst 1", number_text(screen.font_size), "Height of a line"},
     {"display", "width", number, view_side, "pixels", times_burst(base_metrics.viewarea_width), "Width of the view"},
     {"display", "height", number, view_side, "pixels", times_burst(base_metrics.viewarea_height), "Height of the view"},
-    {"display", "help_percent", number, {20, 100}, "percent", number_text(display.help_percent), "Size of help lines"},
-    {"display", "outline", number, {0, 32}, "pixels", number_text(display.outline), "Line around letters"},
-    {"display", "pixel_format", word, any, "", pixel_format_name(display.pixel_format), "Of the view", "formats"},
+    {"display", "help_percent", number, {20, 100}, "percent", number_text(screen.help_percent), "Size of help lines"},
+    {"display", "outline", number, {0, 32}, "pixels", number_text(screen.outline), "Line around letters"},
+    {"display", "pixel_format", word, any, "", pixel_format_name(screen.pixel_format), "Of the view", "formats"},
 
-    {"colours", "background", colour, any, "", colour_text(colours.background), "Behind all text; edges blend with it"},
-    {"colours", "text", colour, any, "", colour_text(colours.text), "Rows"},
-    {"colours", "title", colour, any, "", colour_text(colours.title), "Rows with \"title\" in their name"},
-    {"colours", "value", colour, any, "", colour_text(colours.value), "Values of rows"},
-    {"colours", "disabled", colour, any, "", colour_text(colours.disabled), "Muted rows"},
-    {"colours", "outline", colour, any, "", colour_text(colours.outline), "The line around letters"},
-    {"colours", "help", colour, any, "", colour_text(colours.help), "Help lines"},
-    {"colours", "pointer", colour, any, "", colour_text(colours.pointer), "The mark at the current row"},
-    {"colours", "bubble", colour, any, "", colour_text(colours.bubble), "Bubbles"},
+    {"colours", "background", colour, any, "", colour_text(model.colours.background),
+     "Behind all text; edges blend with it"},
+    {"colours", "text", colour, any, "", colour_text(model.colours.text), "Rows"},
+    {"colours", "title", colour, any, "", colour_text(model.colours.title), "Rows with \"title\" in their name"},
+    {"colours", "value", colour, any, "", colour_text(model.colours.value), "Values of rows"},
+    {"colours", "disabled", colour, any, "", colour_text(model.colours.disabled), "Muted rows"},
+    {"colours", "outline", colour, any, "", colour_text(model.colours.outline), "The line around letters"},
+    {"colours", "help", colour, any, "", colour_text(model.colours.help), "Help lines"},
+    {"colours", "pointer", colour, any, "", colour_text(model.colours.pointer), "The mark at the current row"},
+    {"colours", "bubble", colour, any, "", colour_text(model.colours.bubble), "Bubbles"},
 
     {"symbols", "up", text, any, "", "a triangle", "Mark of rows above"},
     {"symbols", "pointer", text, any, "", "a triangle", "Mark of the current row, and of the key to the right"},

@@ -80,7 +80,7 @@ static void take_bubble(Player &player, Words words)
     repaint();
 }
 
-static constexpr StatementForm forms[] = {
+static constexpr StatementForm form_table[] = {
     {"KEY...", "presses up, down, left, right, ok; back goes a level up, menu to the top list", press_keys},
     {"wait SECONDS", "lets virtual time pass",
      [](Player &p, Words w) { p.milliseconds += std::lround(std::stod(w[1]) * 1000); }},
@@ -101,13 +101,13 @@ static constexpr StatementForm forms[] = {
 
 std::span<const StatementForm> statement_forms()
 {
-    return forms;
+    return form_table;
 }
 
 std::string statement_list()
 {
     std::string list;
-    for (const StatementForm &form : forms)
+    for (const StatementForm &form : form_table)
         list.append("    ").append(form.usage).append(26 - std::strlen(form.usage), ' ').append(form.summary) += '\n';
     return list;
 }
