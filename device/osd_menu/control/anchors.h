@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <string_view>
 
+#include "core/config.h"
 #include "core/fixed_items.h"
 
 // Where an anchor leads: nowhere, to its item's row of the top list, or else to a row of JUMP_LEVEL by number.
@@ -21,20 +22,20 @@ struct anchor {
 
 // Tried in this order; the first match ends the press.
 inline constexpr struct anchor up_anchors[] = {
-    {"information_last_item", nullptr, STAY, STAY, nullptr},
+    {INFORMATION_LAST_KEY, nullptr, STAY, STAY, nullptr},
     {"peripheral_last_item", nullptr, STAY, STAY, nullptr},
     {"get_ip_first_item", "ethernet_for_laptop", 2, STAY, nullptr},
     {"menu_first_item", "osdmirror", TO_ITEM, TO_ITEM, nullptr},
-    {"peripheralinformation_title", nullptr, STAY, STAY, nullptr},
+    {PERIPHERAL_TITLE_KEY, nullptr, STAY, STAY, nullptr},
     {"peripheralinformation_item", "cec", 3, STAY, nullptr},
     {"language_item", PERIPHERAL_ITEM, 8, 3, nullptr},
 };
 
 inline constexpr struct anchor down_anchors[] = {
-    {"information_last_item", nullptr, STAY, STAY, nullptr},
+    {INFORMATION_LAST_KEY, nullptr, STAY, STAY, nullptr},
     {"peripheral_last_item", nullptr, STAY, STAY, nullptr},
     {"get_ip_last_item", "ethernet_for_laptop", 1, STAY, "get_ip_first_item"},
-    {"peripheralinformation_title", nullptr, STAY, STAY, nullptr},
+    {PERIPHERAL_TITLE_KEY, nullptr, STAY, STAY, nullptr},
     {"menu_last_item", "camera", TO_ITEM, TO_ITEM, nullptr},
     {"general_last_item", PERIPHERAL_ITEM, 8, 1, nullptr},
 };

@@ -17,6 +17,10 @@ inline constexpr const char *VALUE_COLUMNS_KEY = "value_offset_x";
 inline constexpr const char *HELP_DEFAULT_KEY = "helpline_default";
 inline constexpr const char *HELP_TYPES_KEY = "helpline_type";
 
+// Two anchors of which the page shows no pointer.
+inline constexpr const char *INFORMATION_LAST_KEY = "information_last_item";
+inline constexpr const char *PERIPHERAL_TITLE_KEY = "peripheralinformation_title";
+
 // The root, null until a file has been parsed. Owned for the life of the process.
 extern cJSON *osdmenu_config;
 

@@ -63,8 +63,8 @@ static bool take_value(struct osdmenu_item *row)
 // Two items, named in the configuration, are current without showing the pointer.
 static bool shows_pointer(const struct osdmenu_item *row)
 {
-    return !is_named(config_text("information_last_item"), row->name) &&
-           !is_named(config_text("peripheralinformation_title"), row->name);
+    return !is_named(config_text(INFORMATION_LAST_KEY), row->name) &&
+           !is_named(config_text(PERIPHERAL_TITLE_KEY), row->name);
 }
 
 static void make_current(const struct page_pass *pass, struct osdmenu_item *row)

@@ -7,12 +7,12 @@
 
 #include "commands/commands.h"
 #include "common/text.h"
+#include "core/debug.h"
 #include "core/layout.h"
 #include "host/host.h"
 #include "host/places.h"
 #include "host/streams.h"
 #include "host/values.h"
-#include "lib_dbgout.h"
 #include "menu/menu_keys.h"
 #include "osd_menu_post.h"
 #include "render/png.h"
@@ -106,9 +106,8 @@ static void override_manifest(const ShotOptions &options, Manifest &manifest)
 // The library may say all it has when that leads to a file.
 static void trace_all_steps()
 {
-    static constexpr int TRACE_STEPS = 7;
-    dbgout_profile.lib_level = TRACE_STEPS;
-    dbgout_profile.para_level = TRACE_STEPS;
+    dbgout_profile.lib_level = LOG_STEP;
+    dbgout_profile.para_level = LOG_STEP;
 }
 
 static PixelView picture(const ShotOptions &options)
