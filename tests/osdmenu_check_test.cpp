@@ -156,6 +156,28 @@ TEST_F(Check, EveryFormatTellsTheSameFindingToItsReader)
     EXPECT_TRUE(told("::warning file=m%2C%25/menu.yaml,line=6,col=25,title=text-too-wide::" + text + "%0As")) << out;
 }
 
+// With lines of text 60 pixels high.
+static const struct {
+    const char *name, *view, *room;
+} help_lines[] = {
+    {"select", "", "385"},               // up to the symbols of its neighbour, 155 from the edge itself
+    {"select", "width: 300", "123"},     // alone on its line, where it is furthest to the right
+    {"enter", "", "495"},                // up to its neighbour
+    {"enter", "width: 300", "255"},      // which the view ends before
+    {"change", "width: 1000", "355"},    // at the far side of its line
+    {"menu0", "width: 1000", "955"},     // never beside anything
+    {"elsewhere", "width: 1000", "1000"} // in no layout
+};
+TEST_F(Check, AHelpLineHasTheLeastRoomThatAnyLayoutLeavesIt)
+{
+    for (const auto &[name, view, room] : help_lines) {
+        const std::string line = std::string("help_lines: [{name: ") + name + ", text: W}]\n";
+        check(menu(two, line + "display: {" + view + "}\n"), "--headroom --format json");
+        EXPECT_TRUE(told(std::string("\"kind\": \"help line\", \"text\": \"W\", \"room\": ") + room + ","))
+            << name << out;
+    }
+}
+
 // A column moved by one pixel, at the room that the table tells.
 TEST_F(Check, HeadroomIsSortedAndAgreesToThePixelWithTheFindings)
 {

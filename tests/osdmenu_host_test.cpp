@@ -4,6 +4,7 @@
 #include "core/state.h"
 #include "core/walks.h"
 #include "host/host.h"
+#include "host/values.h"
 #include "walk/walk.h"
 
 // The sample menu in two languages.
@@ -98,4 +99,14 @@ TEST_F(HostCase, SettingsOfAnotherEditionOfTheMenuAreTakenWithinItsLimits)
     EXPECT_EQ(host.settings.values["hue"], 0);
     const osdmenu_item *address = item_byname("ip_address");
     EXPECT_EQ(first_choice(&address->item_values)->u.txt.description, std::string("10.0.0.7"));
+}
+
+static const struct {
+    int value;
+    const char *shown;
+} languages[] = {{0, "English"}, {1, "Deutsch"}, {2, "English"}, {3, "English"}, {-1, "Deutsch"}, {-9, "Deutsch"}};
+TEST_F(HostCase, AValueBeyondTheChoicesIsToldAsItIsPainted)
+{
+    for (const auto &[value, shown] : languages)
+        EXPECT_EQ(value_text(item_byname("language"), value), shown) << value;
 }

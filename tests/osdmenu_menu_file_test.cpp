@@ -4,6 +4,8 @@
 #include <regex>
 #include <yaml-cpp/yaml.h>
 
+#include "core/layout.h"
+#include "menu/project.h"
 #include "support/tool.h"
 
 using MenuFile = Tool;
@@ -92,6 +94,14 @@ TEST_F(MenuFile, ThreeLinesAreAMenuAndWhatIsLeftOutHasItsDefault)
     ASSERT_EQ(build("items:\n  - name: main_title\n  - {name: zoom-speed, percentage: {}}\n"), 0) << err;
     EXPECT_NE(read(dir / "made/menu.json").find("\"/usr/share/osd_menu/\""), std::string::npos);
     EXPECT_EQ(run("osdmenu inspect made/en | grep 'text=\"Zoom speed\".* current=0 low=0 high=100 step=1'"), 0);
+}
+
+TEST_F(MenuFile, ReadingOneLeavesTheLayoutInWhichPagesArePainted)
+{
+    write("m/menu.yaml", menu("", "display: {burst: 3}\n"));
+    Findings findings;
+    const auto project = read_project((dir / "m/menu.yaml").string(), findings);
+    EXPECT_EQ(std::pair(project->geometry.view_width, osdmenu_viewarea_width), std::pair(2640, 1760));
 }
 
 static void expect_known(const YAML::Node &node, const cJSON *schema, const cJSON *kinds)
