@@ -4,6 +4,7 @@
 #include <cstdarg>
 #include <cstdio>
 #include <numeric>
+#include <regex>
 #include <sstream>
 
 #include "host_settings.h"
@@ -38,9 +39,19 @@ int qmx_traceout(int level, const char *format, ...)
     return traces.push_back(std::to_string(level) + ":" + line), 0;
 }
 
+static std::string everything_traced()
+{
+    return std::accumulate(traces.begin(), traces.end(), std::string());
+}
+
 int traced(const std::string &part)
 {
-    return lines_with(std::accumulate(traces.begin(), traces.end(), std::string()), part);
+    return lines_with(everything_traced(), part);
+}
+
+std::string traced_lines()
+{
+    return std::regex_replace(everything_traced(), std::regex(R"(:\[\w+ (\w+) \+\d+ *\])"), " $1: ");
 }
 
 int recording_action(osdmenu_item *item, int operation, int value)
@@ -62,6 +73,41 @@ void load_menu(const ResourceDirectory &directory, const std::vector<Item> &item
                 osdmenu_register_action_byname(item.name.c_str(), recording_action, 0);
     });
     calls.clear();
+}
+
+static std::vector<std::string> states_of_items()
+{
+    std::vector<std::string> states;
+    for (const osdmenu_item *item = first_loaded(); item; item = loaded_after(item)) {
+        std::ostringstream state;
+        state << " [" << item->name << " " << +item->position.levels[3] << " " << item->item_values.type << " "
+              << item->item_values.u.number.current << " " << item->item_values.current << "]";
+        states.push_back(state.str());
+    }
+    return states;
+}
+
+std::string effect_of(const std::function<int()> &act)
+{
+    const std::string from = place();
+    const int status = get_osdmenu_status();
+    const std::vector<std::string> before = states_of_items();
+    calls.clear(), host_calls.clear(), traces.clear();
+    set_trace_level(6);
+    int answer = 0;
+    const Output output = output_of([&] { answer = act(); });
+    std::string effect = std::to_string(answer);
+    for (const Call &call : calls)
+        effect += " " + call.name + ":" + std::to_string(call.operation) + "=" + std::to_string(call.value);
+    for (const std::string &call : host_calls)
+        effect += " " + call;
+    effect += get_osdmenu_status() == status ? "" : " status " + std::to_string(get_osdmenu_status());
+    const std::vector<std::string> after = states_of_items();
+    for (std::size_t i = 0; i < before.size() && i < after.size(); i++)
+        effect += after[i] == before[i] ? "" : after[i];
+    effect += place() == from ? "" : " " + place();
+    const std::size_t lines = traces.size() + static_cast<std::size_t>(lines_with(output.out + output.err, "\n"));
+    return effect + (lines ? " +" + std::to_string(lines) : "");
 }
 
 void prepare_view(const ResourceDirectory &directory, int width, int height)

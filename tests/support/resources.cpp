@@ -1,7 +1,9 @@
 // The formats of the resource files, from the side of their maker. Pointers hold junk: nothing may follow them.
 #include "support/resources.h"
 
+#include <cstdio>
 #include <cstring>
+#include <sstream>
 
 template <class Record> static std::string image(const Record &record)
 {
@@ -11,6 +13,18 @@ template <class Record> static std::string image(const Record &record)
 static osdmenu_view_bitmap bitmap_of(const Picture &picture, unsigned stride = 0x5A5A5A5A)
 {
     return {0x5A5A5A5A, picture.height, picture.width, stride, reinterpret_cast<char *>(0x5A5A5A5A5A5A5A5A)};
+}
+
+std::vector<Item> items_of(const std::string &menu)
+{
+    std::vector<Item> items;
+    std::istringstream words(menu);
+    for (std::string word; words >> word;) {
+        items.push_back({word.substr(0, word.find(':')), std::vector<int>(4, LEVEL_ABSENT)});
+        int *levels = items.back().levels.data();
+        std::sscanf(word.c_str(), "%*[^:]:%d.%d.%d.%d", levels, levels + 1, levels + 2, levels + 3);
+    }
+    return items;
 }
 
 std::string meta_of(const Item &item)

@@ -31,6 +31,8 @@ struct Item {
     std::string description = "description";
 };
 
+std::vector<Item> items_of(const std::string &menu); // by names and coordinates, "A:1 A1:1.1"
+
 struct Line {
     std::string name;
     Picture picture;
