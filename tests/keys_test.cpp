@@ -1,158 +1,240 @@
 // The five keys: what OK enters, how LEFT and RIGHT change a value, and where UP and DOWN go by rule and by anchor.
-#include <sstream>
+#include <climits>
 
 #include "core/config.h"
 #include "support/host.h"
 
+using Key = int (*)();
+static const Key UP = osdmenu_action_up, DOWN = osdmenu_action_down, LEFT = osdmenu_action_left,
+                 RIGHT = osdmenu_action_right, OK = osdmenu_action_ok;
 static const ResourceDirectory files;
-static const int U = 1, D = 2, L = 3, R = 4, OK = 5;
-static std::string heard; // by the actions: "name operation=value@level.position;"
 
-static int listening_action(osdmenu_item *item, int operation, int value)
+// The current item, on level 1 with all positions at 7. By rule UP leads to "1: 7 6 7 7" and DOWN to "1: 7 8 7 7".
+static void stand_on(const std::string &item)
 {
-    const int level = osdmenu_current_viewlevel, row = get_current_view_position(level);
-    heard += item->name + (" " + std::to_string(operation)) + "=" + std::to_string(value) + "@" +
-             std::to_string(level) + "." + std::to_string(row) + ";";
-    return 0;
-}
-
-static void give_all(osdmenu_action_callback action)
-{
-    for (osdmenu_item *item = first_loaded(); item; item = loaded_after(item))
-        item->action = action;
-}
-
-// Presses a key on an item of level 1, with all positions at 7, and tells what changed: "level:position" and "@level",
-// or "=" for nothing. By rule UP gives "1:6", DOWN "1:8".
-static std::string after(int key, const std::string &name)
-{
-    osdmenu_current_menuitem = loaded(name);
+    osdmenu_current_menuitem = loaded(item);
     osdmenu_current_viewlevel = 1;
     current_view_position = {{7, 7, 7, 7}};
     last_looped_itemnumber = 20;
-    EXPECT_EQ(osdmenu_process_key(key), 0);
-    std::string changed;
-    for (int level = 0; level < 4; level++)
-        if (const int now = get_current_view_position(level); now != 7)
-            changed += std::to_string(level) + ":" + std::to_string(now);
-    if (osdmenu_current_viewlevel != 1)
-        changed += "@" + std::to_string(osdmenu_current_viewlevel);
-    return changed.empty() ? "=" : changed;
+}
+
+static void configure(const std::string &json)
+{
+    files.write_config(json);
+    osdmenu_config_init(files.path().c_str());
 }
 
 struct Keys : testing::Test {
-    std::string config = "{\"\": 0"; // the name of every item under itself
-
     Keys()
     {
-        // The items of the top list with the number of rows below each. Those of "page" are named page0 and page1.
-        std::istringstream words(R"(number 0 leaf 0 osdmirror 0 page 2 camera 0 one 1 upgrade 2 information 3 cec 0
-            peripheralinformation 2 smartgallery_preset 2 ethernet_for_laptop 0 get_ip_first_item 0 get_ip_last_item 0
-            information_last_item 0 peripheral_last_item 0 menu_first_item 0 menu_last_item 0 general_last_item 0
-            peripheralinformation_title 0 peripheralinformation_item 0 language_item 0 versionmenuback 0
-            peripheralversionmenuback 0)");
-        std::vector<Item> items;
-        std::string name;
-        for (int i = 0, rows; words >> name >> rows; i++) {
-            config += ", \"" + name + "\": \"" + name + "\"";
-            items.push_back({name, {i}, {}, i == 0 ? VALUE_NUMBER : VALUE_NONE, {}, {9, 0, 0, 4}});
-            for (int row = 0; row < rows; row++)
-                items.push_back({name + std::to_string(row), {i, row}});
-        }
+        std::vector<Item> items = items_of(
+            "here:0 osdmirror:1 camera:2 cec:3 ethernet_for_laptop:4 versionmenuback:5 peripheralversionmenuback:6 "
+            "one:7 one0:7.0 two:8 two0:8.0 two1:8.1 upgrade:9 upgrade0:9.0 upgrade1:9.1 information:10 information0:10.0 "
+            "information1:10.1 peripheralinformation:11 peripheralinformation0:11.0 peripheralinformation1:11.1 "
+            "smartgallery_preset:12 smartgallery_preset0:12.0 smartgallery_preset1:12.1");
+        items.push_back({"number", {13}, {}, VALUE_NUMBER});
         load_menu(files, items);
-        give_all(listening_action);
+        for (osdmenu_item *item = first_loaded(); item; item = loaded_after(item))
+            item->action = recording_action;
+        stand_on("here");
     }
 };
 
-TEST_F(Keys, OkEntersAPageOfTwoRowsOrMoreWhereItsNameSays)
+TEST_F(Keys, OkTellsTheActionAndEntersAPageOfTwoRowsOrMoreWhereItsNameSays)
 {
-    osdmenu_disableitem_byname("information2");
-    gallery_preset = 0x7F04;
-    std::string seen;
-    for (const std::string name :
-         {"leaf", "one", "page", "upgrade", "information", "peripheralinformation", "smartgallery_preset"}) {
-        seen += after(OK, name) + " ";
-        EXPECT_EQ(std::exchange(heard, ""), name + " 4=0@1.7;"); // before the position is set
+    struct Entry {
+        std::string name, item, effect;
+        int preset = 0, hidden_rows = 0;
+    };
+    for (const auto &[name, item, effect, preset, hidden_rows] :
+         {Entry{"leaf", "here", "0 here:4=0"}, Entry{"one row", "one", "0 one:4=0"},
+          Entry{"two rows", "two", "0 two:4=0 1: 7 1 7 7"}, Entry{"upgrade", "upgrade", "0 upgrade:4=0"},
+          Entry{"information", "information", "0 information:4=0 1: 7 1 7 7 +2"},
+          Entry{"information with a hidden row", "information", "0 information:4=0 1: 7 0 7 7 +2", 0, 1},
+          Entry{"information without rows", "information", "0 information:4=0 1: 7 255 7 7 +2", 0, 2},
+          Entry{"peripheralinformation", "peripheralinformation", "0 peripheralinformation:4=0 1: 7 0 7 7"},
+          Entry{"preset 4", "smartgallery_preset", "0 smartgallery_preset:4=0 3: 7 7 7 5", 0x7F04},
+          Entry{"preset 255", "smartgallery_preset", "0 smartgallery_preset:4=0 3: 7 7 7 0", 0xFF}}) {
+        gallery_preset = preset;
+        for (int i = 0; i < hidden_rows; i++)
+            osdmenu_disableitem_byname((item + std::to_string(i)).c_str());
+        stand_on(item);
+        osdmenu_current_viewlevel = 2; // the new level is that of the item, wherever the menu stands
+        EXPECT_EQ(effect_of(OK), effect) << name;
     }
-    EXPECT_EQ(seen, "= = 1:1 = 1:1 1:0 3:5@3 ");
-    osdmenu_disableitem_byaction(listening_action);
-    loaded("page")->position = {{0, 0, 0, 0xCC}}; // the mark reads as a coordinate
-    gallery_preset = 0xFF;
-    give_all(nullptr);
-    EXPECT_EQ(after(OK, "smartgallery_preset") + after(OK, "page") + after(OK, "information"), "3:0@33:1@31:255");
-    EXPECT_EQ(after(OK, "leaf") + after(R, "number") + after(OK, "") + after(L, "") + after(6, "page"), "=====");
 }
 
-TEST_F(Keys, LeftAndRightChangeAValueAndTellItsAction)
+TEST_F(Keys, OkEntersTheDeepestLevelAtAMarkThatReadsAsACoordinate)
 {
-    // type, key   low, high, step   value before and after
-    std::istringstream cases(R"(2 4 0 10 3 9 0   2 4 0 10 3 7 10   2 3 0 10 3 1 10   2 3 0 10 3 3 0   3 4 -5 5 4 2 -5
-        3 3 -5 5 4 -1 -5   2 4 4 2147483647 3 2147483645 4   2 4 4 2147483647 3 2147483644 2147483647
-        2 3 -2147483648 6 3 -2147483646 6   2 3 0 8 -2147483648 5 8   2 4 9 20 -1 -2147483648 9
-        1 3 0 0 0 0 -1   1 4 0 0 0 2 3   1 3 0 0 0 -2147483648 2147483647   0 4 0 9 1 2 2   4 3 0 9 1 2 2   5 3 0 9 1 2 2)");
-    osdmenu_item_value *value = &loaded("number")->item_values;
-    for (int key, low, high, step, before, now; cases >> value->type >> key >> low >> high >> step >> before >> now;) {
-        *value = {{}, value->type, before, {.number = {high, low, before, step}}};
-        after(key, "number");
-        EXPECT_EQ(value->type == VALUE_TXT ? value->current : value->u.number.current, now);
-        EXPECT_EQ(std::exchange(heard, ""), before == now ? "" : "number 3=" + std::to_string(now) + "@1.7;");
+    stand_on("two");
+    osdmenu_current_menuitem->position = {{0, 0, 0, ITEM_MARK_ENABLED}};
+    EXPECT_EQ(effect_of(OK), "0 two:4=0 3: 7 7 7 1");
+}
+
+TEST_F(Keys, OkCallsTheActionOnTheNewLevelAtTheOldPosition)
+{
+    stand_on("two");
+    osdmenu_current_viewlevel = 0;
+    osdmenu_current_menuitem->action = [](auto...) { return host_calls.push_back("at " + place()), 0; };
+    EXPECT_EQ(effect_of(OK), "0 at 1: 7 7 7 7 1: 7 1 7 7");
+}
+
+TEST_F(Keys, LeftAndRightChangeAValueAndTellIt)
+{
+    struct Step {
+        const char *name;
+        Key key;
+        osdmenu_item_value_number number; // high limit, low limit, present value, step
+        int after;
+        unsigned type = VALUE_NUMBER;
+        bool told = true;
+    };
+    for (const auto &[name, key, number, after, type, told] :
+         {Step{"high limit", RIGHT, {10, 0, 7, 3}, 10}, Step{"above it", RIGHT, {10, 0, 8, 3}, 0},
+          Step{"low limit", LEFT, {10, 0, 3, 3}, 0}, Step{"below it", LEFT, {10, 0, 2, 3}, 10},
+          Step{"percentage", RIGHT, {5, -5, 2, 4}, -5, VALUE_PERCENTAGE},
+          Step{"next choice", RIGHT, {0, 0, 2, 0}, 3, VALUE_TXT}, Step{"choice below 0", LEFT, {}, -1, VALUE_TXT},
+          Step{"choice below the least int", LEFT, {0, 0, INT_MIN, 0}, INT_MAX, VALUE_TXT},
+          Step{"greatest int", RIGHT, {INT_MAX, 4, INT_MAX - 3, 3}, INT_MAX},
+          Step{"above the greatest int", RIGHT, {INT_MAX, 4, INT_MAX - 2, 3}, 4},
+          Step{"below the least int", LEFT, {6, INT_MIN, INT_MIN + 2, 3}, 6},
+          Step{"greatest int by a step below 0", LEFT, {8, 0, INT_MAX - 1, -1}, INT_MAX},
+          Step{"above it by a step below 0", LEFT, {8, 0, INT_MAX, -1}, 8},
+          Step{"least int by a step below 0", RIGHT, {20, 9, INT_MIN + 1, -1}, INT_MIN},
+          Step{"below it by a step below 0", RIGHT, {20, 9, INT_MIN, -1}, 9},
+          Step{"no value", LEFT, {9, 0, 2, 1}, 2, VALUE_NONE, false},
+          Step{"free text", RIGHT, {9, 0, 2, 1}, 2, VALUE_RAWTXT, false},
+          Step{"unknown type", RIGHT, {9, 0, 2, 1}, 2, 5, false}}) {
+        stand_on("number");
+        calls.clear();
+        osdmenu_item_value &value =
+            osdmenu_current_menuitem->item_values = {{}, type, number.current, {.number = number}};
+        key();
+        EXPECT_EQ(std::pair(type == VALUE_TXT ? value.current : value.u.number.current, calls),
+                  std::pair(after, std::vector<Call>(told, {"number", ACTION_OP_SET, after})))
+            << name;
     }
 }
 
 TEST_F(Keys, UpAndDownMoveByOneAndWrapByTheCountsOfTheDraw)
 {
-    // key, level, separator   row, rows counted, row that did not fit, scroll top   row and scroll top after
-    std::istringstream cases(R"(2 1 -1 1 5 99 0 2 0   2 1 -1 4 5 99 3 1 0   2 0 1 4 5 99 3 2 0   2 1 1 4 5 99 3 1 0
-        2 0 2 4 5 99 3 1 0   2 1 -1 2 5 3 0 3 1   2 1 -1 2 5 3 255 3 0   2 1 -1 2 3 3 1 1 0   2 1 -1 255 5 99 9 1 0
-        2 1 -1 255 300 256 4 0 5   1 1 -1 3 5 99 0 2 0   1 1 -1 3 5 99 3 2 2   1 1 -1 1 5 99 3 4 1
-        1 1 -1 1 0 99 0 255 0   1 1 -1 1 300 99 0 43 0   1 1 -1 0 5 99 0 255 255   1 0 1 2 5 99 0 4 0
-        1 0 1 1 5 99 0 0 0   1 1 1 2 5 99 0 1 0)");
-    int key, row, top, row_after, top_after, &level = osdmenu_current_viewlevel;
-    while (cases >> key >> level >> underlineenable >> row >> last_looped_itemnumber >> last_noview_itemnumber >> top >>
-           row_after >> top_after) {
-        current_view_position.levels[level] = static_cast<unsigned char>(row);
-        osdmenu_viewarea_topitem_number.levels[level] = static_cast<unsigned char>(top);
-        osdmenu_process_key(key);
-        EXPECT_EQ(std::pair(get_current_view_position(level), int{osdmenu_viewarea_topitem_number.levels[level]}),
-                  std::pair(row_after, top_after));
+    struct Move {
+        const char *name;
+        Key key;
+        int row, rows, top, row_after, top_after; // the rows counted, and the top of the scroll
+        int row_that_did_not_fit = 99, level = 1, separator = -1, lines = 0;
+    };
+    set_trace_level(6);
+    for (const Move &move :
+         {Move{"down", DOWN, 3, 5, 0, 4, 0}, Move{"down from the last row", DOWN, 4, 5, 3, 1, 0},
+          Move{"down from 255", DOWN, 255, 5, 9, 1, 0},
+          Move{"down to the first that did not fit", DOWN, 2, 5, 0, 3, 1, 3},
+          Move{"down to it with the top at 255", DOWN, 2, 5, 255, 3, 0, 3},
+          Move{"down from the last row that fits", DOWN, 2, 3, 1, 1, 0, 3},
+          Move{"down from 255 to one that did not fit", DOWN, 255, 300, 4, 0, 5, 256},
+          Move{"down from the last row past the separator", DOWN, 4, 5, 3, 2, 0, 99, 0, 1, 1},
+          Move{"down from the last row on a page below", DOWN, 4, 5, 3, 1, 0, 99, 1, 1, 1},
+          Move{"down from the last row without a separator", DOWN, 4, 5, 3, 1, 0, 99, 0, 2},
+          Move{"up", UP, 3, 5, 0, 2, 0}, Move{"up from the top of the scroll", UP, 3, 5, 3, 2, 2},
+          Move{"up from the first row", UP, 1, 5, 3, 4, 1}, Move{"up without rows", UP, 1, 0, 0, 255, 0},
+          Move{"up to row 299", UP, 1, 300, 0, 43, 0}, Move{"up from the title", UP, 0, 5, 0, 255, 255},
+          Move{"up from the separator", UP, 1, 5, 0, 0, 0, 99, 0, 1, 1},
+          Move{"up from below the separator", UP, 2, 5, 0, 4, 0, 99, 0, 1, 1},
+          Move{"up from there on a page below", UP, 2, 5, 0, 1, 0, 99, 1, 1, 1}}) {
+        traces.clear();
+        osdmenu_current_viewlevel = move.level;
+        set_current_view_position(move.level, move.row);
+        last_looped_itemnumber = move.rows;
+        last_noview_itemnumber = move.row_that_did_not_fit;
+        underlineenable = move.separator;
+        unsigned char &top = osdmenu_viewarea_topitem_number.levels[move.level] = static_cast<unsigned char>(move.top);
+        move.key();
+        EXPECT_EQ(std::tuple(get_current_view_position(move.level), top, traced("6:[lib osdmenu_process_key +")),
+                  std::tuple(move.row_after, move.top_after, move.lines))
+            << move.name;
     }
 }
 
-TEST_F(Keys, UpAndDownStopOrTurnAtTwoItemsAndAtTheAnchorsOfAConfiguration)
+TEST_F(Keys, UpAndDownStayOnTwoItemsWithoutAConfiguration)
 {
-    for (const char *name : {"versionmenuback", "peripheralversionmenuback"})
-        EXPECT_EQ(after(U, name) + after(D, name) + after(U, "language_item") + after(D, ""), "==1:61:8");
-    files.write_config(config + "}");
-    osdmenu_config_init(files.path().c_str());
-    // item, whom it asks, UP and DOWN while that is enabled, the same while it is not
-    std::istringstream cases(R"(information_last_item - =,= =,=    peripheral_last_item - =,= =,=
-        get_ip_first_item ethernet_for_laptop 2:2,1:8 =,=    get_ip_last_item ethernet_for_laptop 1:6,2:1 1:6,1:8
-        menu_first_item - 0:2,1:8 0:2,1:8    menu_last_item - 1:6,0:4 1:6,0:4    peripheralinformation_title - =,= =,=
-        peripheralinformation_item cec 2:3,1:8 =,1:8    language_item peripheralinformation 2:8,1:8 2:3,1:8
-        general_last_item peripheralinformation 1:6,2:8 1:6,2:1    versionmenuback - 1:6,1:8 1:6,1:8)");
-    for (std::string item, asked, moves[2]; cases >> item >> asked >> moves[1] >> moves[0];)
-        for (bool shown : {false, true}) {
-            (shown ? osdmenu_enableitem_byname : osdmenu_disableitem_byname)(asked.c_str());
-            EXPECT_EQ(after(U, item) + "," + after(D, item), moves[shown]) << item << shown;
+    for (const char *item : {"versionmenuback", "peripheralversionmenuback"})
+        for (Key key : {UP, DOWN}) {
+            stand_on(item);
+            EXPECT_EQ(effect_of(key), "0") << item << (key == UP ? " up" : " down");
         }
-    *loaded("camera")->name = 'K';
-    EXPECT_EQ(after(U, "") + after(D, "") + after(D, "menu_last_item"), "1:61:80:254");
 }
 
-TEST_F(Keys, APressAndItsRedrawCallTheActionsInOrder)
+// The current item is one that a key of the configuration names. A question whether an item is enabled is a line.
+struct Anchor {
+    std::string key, up, down, hidden = {};
+};
+struct Anchors : Keys, testing::WithParamInterface<Anchor> {
+};
+
+TEST_P(Anchors, LeadUpAndDown)
 {
-    prepare_view(files, 1000, 60);
-    redraw();
-    press("right down ok");
-    EXPECT_EQ(heard, "number 2=0@0.0;number 3=4@0.0;number 2=0@0.0;number 2=0@0.1;leaf 4=0@0.1;number 2=0@0.1;");
+    configure("{\"" + GetParam().key + "\": \"versionmenuback\"}");
+    osdmenu_disableitem_byname(GetParam().hidden.c_str());
+    std::vector<std::string> effects;
+    for (Key key : {UP, DOWN}) {
+        stand_on("versionmenuback");
+        effects.push_back(effect_of(key));
+    }
+    EXPECT_EQ(effects, (std::vector{GetParam().up, GetParam().down}));
+}
+INSTANTIATE_TEST_SUITE_P(
+    Of, Anchors,
+    testing::Values(Anchor{"information_last_item", "0", "0"}, Anchor{"peripheral_last_item", "0", "0"},
+                    Anchor{"peripheralinformation_title", "0", "0 +1"},
+                    Anchor{"get_ip_first_item", "0 1: 7 7 2 7 +1", "0 1: 7 8 7 7 +1"},
+                    Anchor{"get_ip_first_item", "0 +1", "0 +1", "ethernet_for_laptop"},
+                    Anchor{"get_ip_last_item", "0 1: 7 6 7 7", "0 1: 7 7 1 7 +1"},
+                    Anchor{"get_ip_last_item", "0 1: 7 6 7 7", "0 1: 7 8 7 7 +1", "ethernet_for_laptop"},
+                    Anchor{"menu_first_item", "0 1: 1 7 7 7", "0 1: 7 8 7 7 +1"},
+                    Anchor{"menu_last_item", "0 1: 7 6 7 7", "0 1: 2 7 7 7 +1"},
+                    Anchor{"peripheralinformation_item", "0 1: 7 7 3 7 +1", "0 1: 7 8 7 7 +1"},
+                    Anchor{"peripheralinformation_item", "0 +1", "0 1: 7 8 7 7 +1", "cec"},
+                    Anchor{"language_item", "0 1: 7 7 8 7 +1", "0 1: 7 8 7 7 +1"},
+                    Anchor{"language_item", "0 1: 7 7 3 7 +1", "0 1: 7 8 7 7 +1", "peripheralinformation"},
+                    Anchor{"general_last_item", "0 1: 7 6 7 7", "0 1: 7 7 8 7 +2"},
+                    Anchor{"general_last_item", "0 1: 7 6 7 7", "0 1: 7 7 1 7 +2", "peripheralinformation"}),
+    [](const auto &row) { return row.param.key + (row.param.hidden.empty() ? "" : "_without_" + row.param.hidden); });
+
+TEST_F(Keys, DownToAMissingItemStoresTheLowByteOfItsPlace)
+{
+    configure(R"({"menu_last_item": "here"})");
+    *loaded("camera")->name = 'K';
+    EXPECT_EQ(effect_of(DOWN), "0 1: 254 7 7 7 +1");
+}
+
+TEST_F(Keys, NeedNoItemAndNoAction)
+{
+    using Press = std::tuple<const char *, Key, const char *>;
+    for (auto [item, key, effect] :
+         {Press{"none for UP", UP, "0 1: 7 6 7 7"}, Press{"none for DOWN", DOWN, "0 1: 7 8 7 7"},
+          Press{"none for LEFT", LEFT, "0"}, Press{"none for RIGHT", RIGHT, "0"}, Press{"none for OK", OK, "0"},
+          Press{"here", OK, "0"}, Press{"two", OK, "0 1: 7 1 7 7"}, Press{"number", LEFT, "0"}}) {
+        stand_on(item);
+        osdmenu_register_action_byname(item, nullptr, 0);
+        EXPECT_EQ(effect_of(key), effect) << item;
+    }
+}
+
+TEST_F(Keys, OtherCodesDoNothing)
+{
+    for (int code : {-1, 0, 6})
+        EXPECT_EQ(effect_of([code] { return osdmenu_process_key(code); }), "0") << code;
 }
 
 TEST_F(Keys, AnActionMayLoadAnotherMenuInTheMiddleOfAPress)
 {
-    for (const char *name : {"number", "leaf", "page", "information", "smartgallery_preset"}) {
-        give_all([](auto...) { return free_all_menuitems(), read2mem_all_menuitems(files.path().c_str()); });
-        EXPECT_EQ(after(*name == 'n' ? L : OK, name), "=");
-        EXPECT_TRUE(!osdmenu_current_menuitem && !loaded(name)->action) << name;
-        orderize_all_menuitems();
+    for (const char *item : {"number", "here", "two", "information", "smartgallery_preset"}) {
+        stand_on(item);
+        osdmenu_current_menuitem->action = [](auto...) {
+            return free_all_menuitems(), read2mem_all_menuitems(files.path().c_str());
+        };
+        output_of(*item == 'n' ? LEFT : OK);
+        EXPECT_EQ(osdmenu_current_menuitem, nullptr) << item;
+        output_of(orderize_all_menuitems);
     }
 }
