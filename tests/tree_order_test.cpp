@@ -1,24 +1,18 @@
 // From the flat list of the load to the tree of pages, and the place of a row in its page.
-#include <gtest/gtest.h>
-#include <sstream>
-
 #include "support/faults.h"
 
-// Loads and orders items given by name and coordinates, "A:1 A1:1.1"; returns the lines of the ordering.
-static std::string order(const std::string &text)
+// Loads and orders the items of a menu, "A:1 A1:1.1", and returns the lines of the ordering, "B 2 3; end; refused; ".
+static std::string order(const std::string &menu)
 {
-    ResourceDirectory directory;
-    std::vector<Item> items;
-    std::istringstream words(text);
-    for (std::string word; words >> word;) {
-        items.push_back({word.substr(0, word.find(':')), std::vector<int>(4, LEVEL_ABSENT)});
-        int *levels = items.back().levels.data();
-        std::sscanf(word.c_str(), "%*[^:]:%d.%d.%d.%d", levels, levels + 1, levels + 2, levels + 3);
-    }
-    output_of(free_all_menuitems);
-    directory.write_items(items);
+    const ResourceDirectory directory;
+    directory.write_items(items_of(menu));
     output_of([&] { read2mem_all_menuitems(directory.path().c_str()); });
-    return printed(orderize_all_menuitems);
+    std::string lines = printed(orderize_all_menuitems);
+    for (auto [line, note] : {std::pair{"INFO insert2orderized_osmenu: list_add err (.*)\n", "$1; "},
+                              {"INFO orderize_all_menuitems: end!\n", "end; "},
+                              {"ERR insert2orderized_osmenu: first level value 0!\n", "refused; "}})
+        lines = std::regex_replace(lines, std::regex(line), note);
+    return lines;
 }
 
 // "A .A1 .A2 ..A21 B ": rows in display order, each followed by its page.
@@ -30,45 +24,62 @@ static std::string tree_of(const list_head *page, const std::string &dots = "")
     return text;
 }
 
-TEST(TreeOrder, ItemsArePlacedByTheirCoordinatesInTheOrderOfTheFile)
+struct Menu {
+    std::string name, items, tree, lines;
+};
+using TreeOrder = testing::TestWithParam<Menu>;
+
+TEST_P(TreeOrder, PlacesItemsByTheirCoordinatesInTheOrderOfTheFile)
 {
-    const std::string add = "INFO insert2orderized_osmenu: list_add err ", end = "INFO orderize_all_menuitems: end!\n";
-    const std::string refused = "ERR insert2orderized_osmenu: first level value 0!\n";
-    const std::string rows[][3] = {
-        {"T:0 A:1 A1:1.1 A2:1.2 B:2 B1:2.1", "T A .A1 .A2 B .B1 ", end},
-        {"A:1 H:3 B:2 D:4 E:4 Z:0", "A H B D E Z ", add + "B 2 3\n" + add + "E 4 4\n" + add + "Z 0 4\n" + end},
-        {"A1:1.1 A:1 B:2", "A1 A B ", add + "A 1 1\n" + end},
-        {"A:1 B:2 X1:5.1 H:3", "A B X1 H ", add + "X1 1 255\n" + add + "H 3 5\n" + end},
-        {"A:1 A1:1.1 X:1.7.2", "A .A1 .X ", add + "X 2 255\n" + end},
-        {"P:1 Q:1 K:1.1", "P Q .K ", add + "Q 1 1\n" + end},
-        {"A:1 A1:1.1 A11:1.1.1 A111:1.1.1.1 A112:1.1.1.2 G:2.255.3", "A .A1 ..A11 ...A111 ...A112 G ", end},
-        {"R:255 A:1 S:255.3 B:2", "A B ", end + refused + refused + refused + refused + refused}};
+    EXPECT_EQ((std::pair{order(GetParam().items), tree_of(&orderized_osdmenu.siblings)}),
+              std::pair(GetParam().lines, GetParam().tree));
+}
+INSTANTIATE_TEST_SUITE_P(
+    Of, TreeOrder,
+    testing::Values(Menu{"nothing", "", "", "end; "},
+                    Menu{"two_levels", "T:0 A:1 A1:1.1 A2:1.2 B:2 B1:2.1", "T A .A1 .A2 B .B1 ", "end; "},
+                    Menu{"four_levels", "A:1 A1:1.1 A11:1.1.1 A111:1.1.1.1 A112:1.1.1.2",
+                         "A .A1 ..A11 ...A111 ...A112 ", "end; "},
+                    Menu{"a_gap_in_coordinates", "A:1 B:2.255.3", "A B ", "end; "},
+                    Menu{"late_items", "A:1 H:3 B:2 D:4 E:4 Z:0", "A H B D E Z ", "B 2 3; E 4 4; Z 0 4; end; "},
+                    Menu{"a_row_before_its_parent", "A1:1.1 A:1 B:2", "A1 A B ", "A 1 1; end; "},
+                    Menu{"a_row_without_a_parent", "A:1 B:2 X1:5.1 H:3", "A B X1 H ", "X1 1 255; H 3 5; end; "},
+                    Menu{"a_parent_missing_in_between", "A:1 A1:1.1 X:1.7.2", "A .A1 .X ", "X 2 255; end; "},
+                    Menu{"two_parents", "P:1 Q:1 K:1.1", "P Q .K ", "Q 1 1; end; "},
+                    Menu{"items_without_a_place", "R:255 A:1 S:255.3 B:2", "A B ",
+                         "end; refused; refused; refused; refused; refused; "}),
+    [](const auto &row) { return row.param.name; });
+
+TEST(TreeOrder, TracesWhatIsNotPlacedLastAndWhatIsRefused)
+{
     set_trace_level(7);
-    for (const auto &[items, tree, lines] : rows) {
-        EXPECT_EQ(order(items), lines) << items;
-        EXPECT_EQ(tree_of(&orderized_osdmenu.siblings), tree) << items;
-    }
-    EXPECT_EQ(std::pair(traced("6:[lib insert2orderized_osmenu"), traced("7:[lib orderize_all_")), std::pair(8, 5));
+    order("A:1 B:1 R:255");
+    EXPECT_EQ(traced_lines(), "6 insert2orderized_osmenu: list_add err B 1 1\n\n"
+                              "7 orderize_all_menuitems: not inserted. right?\n");
 }
 
-TEST(TreeOrder, RefusedItemsStayInTheFlatListInTheOrderOfTheFile)
+TEST(TreeOrder, IsEmptyWhenItIsMadeAgainAndTheRefusedItemsStayInTheirOrder)
 {
-    EXPECT_EQ(printed(orderize_all_menuitems) + rows_of(), "INFO orderize_all_menuitems: end!\n") << "nothing loaded";
     order("R:255 A:1 S:255.3 B:2");
-    EXPECT_EQ(osdmenu.siblings.next, &loaded("R")->siblings);
-    EXPECT_EQ(osdmenu.siblings.next->next, &loaded("S")->siblings);
-    osdmenu_item own = {.position = {{7, 255, 0, 0}}};
-    EXPECT_EQ(insert2orderized_osmenu(&own), 1);
-    EXPECT_EQ(orderized_osdmenu.siblings.next, &own.siblings);
-    EXPECT_EQ(insert2orderized_osmenu(loaded("R")) + insert2orderized_osmenu(nullptr), 2 + 2);
     output_of(orderize_all_menuitems);
-    EXPECT_EQ(rows_of(), "") << "placed items have left the flat list";
+    std::string flat;
+    for (auto *item = first_along_next(&osdmenu.siblings); item; item = item_along_next(item, &osdmenu.siblings))
+        flat += item->name;
+    EXPECT_EQ(std::pair(rows_of(), flat), std::pair(std::string(), std::string("RS")));
 }
 
-TEST(TreeOrder, PlaceOfARowCountsTheEnabledOnesAboveIt)
+TEST(TreeOrder, TellsWhetherAnItemIsPlaced)
 {
-    EXPECT_EQ(get_levels_byname("A"), -2);
+    osdmenu_item item = {.position = {{7, 255, 0, 0}}}, refused = {.position = {{255, 0, 0, 0}}};
+    for (auto [name, own, answer] : {std::tuple{"item", &item, 1}, {"refused", &refused, 2}, {"null", nullptr, 2}})
+        EXPECT_EQ(insert2orderized_osmenu(own), answer) << name;
+}
+
+TEST(TreeOrder, FindsAPlaceByTheEnabledRowsAbove)
+{
+    output_of(orderize_all_menuitems);
+    EXPECT_EQ(get_levels_byname("A"), -2) << "before a load";
     order("A:1 B:2.255.255.238 H:3 X:3 X:4 A1:1.1");
     for (auto [name, place] : {std::pair{"A", 0}, {"B", 1}, {"H", 1}, {"X", 2}, {"A1", -2}, {nullptr, -2}})
-        EXPECT_EQ(get_levels_byname(name), place) << place;
+        EXPECT_EQ(get_levels_byname(name), place) << (name ? name : "null");
 }
