@@ -138,7 +138,7 @@ TEST(Position, WithoutARowIsTraced)
 {
     set_trace_level(3);
     EXPECT_EQ(_osdmenu_draw_allitems(), 0);
-    EXPECT_EQ(traced_lines(), "3 _osdmenu_draw_allitems: osdmenu_current_menuitem == NULL,do menuback\n");
+    EXPECT_EQ(traced_text(), "3 lib _osdmenu_draw_allitems: osdmenu_current_menuitem == NULL,do menuback\n");
 }
 
 TEST(Recovery, StepsBackLevelByLevelAndWipesWhatIsPainted)

@@ -62,5 +62,5 @@ TEST(Lock, TracesItsCallerFromLevel7On)
     set_trace_level(7);
     EXPECT_EQ(osdmenu_Mutex_Lock("caller"), 0);
     EXPECT_EQ(osdmenu_Mutex_Unlock(nullptr), 0);
-    EXPECT_EQ(traced_lines(), "7 osdmenu_Mutex_Lock: fun:caller\n7 osdmenu_Mutex_Unlock: fun:(null)\n");
+    EXPECT_EQ(traced_text(), "7 lib osdmenu_Mutex_Lock: fun:caller\n7 lib osdmenu_Mutex_Unlock: fun:(null)\n");
 }

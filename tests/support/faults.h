@@ -18,3 +18,9 @@ inline std::string printed(const std::function<void()> &work)
     const Output output = output_of(work);
     return std::regex_replace(output.out + output.err, std::regex(R"(DBG_(\w+):\w+\.cpp (\w+)\[\d{4}\])"), "$1 $2:");
 }
+
+// The same without the name of that function: "ERR text".
+inline std::string printed_by(const std::string &function, const std::function<void()> &work)
+{
+    return std::regex_replace(printed(work), std::regex(" " + function + ":"), "");
+}

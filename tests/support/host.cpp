@@ -39,19 +39,19 @@ int qmx_traceout(int level, const char *format, ...)
     return traces.push_back(std::to_string(level) + ":" + line), 0;
 }
 
-static std::string everything_traced()
+static std::string all_traces()
 {
     return std::accumulate(traces.begin(), traces.end(), std::string());
 }
 
 int traced(const std::string &part)
 {
-    return lines_with(everything_traced(), part);
+    return lines_with(all_traces(), part);
 }
 
-std::string traced_lines()
+std::string traced_text()
 {
-    return std::regex_replace(everything_traced(), std::regex(R"(:\[\w+ (\w+) \+\d+ *\])"), " $1: ");
+    return std::regex_replace(all_traces(), std::regex(R"(:\[(\w+ \w+) \+\d+ *\])"), " $1: ");
 }
 
 int recording_action(osdmenu_item *item, int operation, int value)
@@ -108,6 +108,18 @@ std::string effect_of(const std::function<int()> &act)
     effect += place() == from ? "" : " " + place();
     const std::size_t lines = traces.size() + static_cast<std::size_t>(lines_with(output.out + output.err, "\n"));
     return effect + (lines ? " +" + std::to_string(lines) : "");
+}
+
+void load_lines(const ResourceDirectory &directory, const std::vector<Line> &lines, bool bubbles)
+{
+    directory.write_lines(lines, bubbles);
+    output_of([&] { (bubbles ? read2mem_bubbleline : read2mem_helpline)(directory.path().c_str()); });
+}
+
+void configure(const ResourceDirectory &directory, const std::string &json, const std::string &behind_path)
+{
+    directory.write_config(json);
+    output_of([&] { read2mem_all_menuitems((directory.path() + behind_path).c_str()); });
 }
 
 void prepare_view(const ResourceDirectory &directory, int width, int height)

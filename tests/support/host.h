@@ -19,7 +19,7 @@ inline std::vector<std::string> host_calls;
 // What came out of the levelled channel, each line with its level in front: "7:[lib f +12  ]text".
 inline std::vector<std::string> traces;
 int traced(const std::string &part); // how often it came out
-std::string traced_lines();          // all of it, without the places in the source: "7 f: text"
+std::string traced_text();           // all of it, without the places in the source: "7 lib f: text"
 inline void set_trace_level(int lib_level)
 {
     dbgout_profile.lib_level = lib_level;
@@ -81,6 +81,13 @@ inline std::string place() // where the menu stands, "level: positions"
 // "status N" where it sets that, the items that it changes "[name mark type number choice]", the place where it leads,
 // and how many lines it writes, of the levelled channel up to level 6: "0 a:3=1 [a 255 2 1 0] 0: 1 2 3 4 +1".
 std::string effect_of(const std::function<int()> &act);
+
+// Writes the lines of either kind, and loads them.
+void load_lines(const ResourceDirectory &directory, const std::vector<Line> &lines, bool bubbles);
+
+// Writes the configuration, and takes it over by a load from the directory, under a longer name for it. The load fails
+// where there are no items.
+void configure(const ResourceDirectory &directory, const std::string &json, const std::string &behind_path = "");
 
 // A view of that size, with glyphs of 4 rows by 8 bytes and four symbols of 2 rows by 4 bytes, filled 0xA0 to 0xA3.
 void prepare_view(const ResourceDirectory &directory, int width, int height);
