@@ -1,6 +1,8 @@
 /* A host in C on the shared library alone: it brings its own functions, writes a small menu, starts as a device does,
  * presses keys, and looks at the pixels. Blocks are 10 rows of 2 pixels that begin with the block's number. */
 #define _POSIX_C_SOURCE 200809L
+#undef NDEBUG
+#include <assert.h>
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
@@ -27,20 +29,18 @@ HOST_FUNCTION(static int act(struct osdmenu_item *item, int operation, int value
               operation == ACTION_OP_SET && item ? (brightness = value) : brightness)
 lib_dbgout_profile dbgout_profile;
 
-/* Draws; the pointer has to stand at a y, and the block with that number at a place. */
-static int shows(int pointer_y, int x, int y, char number)
+/* Draws. Whether the pointer stands at a y, and the block of that number at a place. */
+static int page_shows(int pointer_y, int x, int y, char number)
 {
     osdmenu_viewbuffer_fill_background();
     osdmenu_draw_allitems();
     return osdmenu_viewbuffer[(pointer_y * 880 + 8) * 2] == '1' && osdmenu_viewbuffer[(y * 880 + x) * 2] == number;
 }
 
-int main(void)
+static void write_menu(void)
 {
-    char directory[] = "/tmp/menu-XXXXXX";
-    int wrong = !mkdtemp(directory) || chdir(directory) != 0;
     FILE *meta = fopen("m.d", "wb"), *data = fopen("b.d", "wb"), *banks[] = {fopen("c.d", "wb"), fopen("s.d", "wb")};
-    for (int i = 0; i < 5; i++) {
+    for (int i = 0; i < 5; i++) { /* three rows, and two in the page below the last of them */
         osdmenu_item item = {.position.levels = {2, 255, 255, 255}, .view.viewbitmap = {0, 10, 4, 0, NULL}};
         item.position.levels[i / 3] = (unsigned char)(i % 3);
         item.item_values = (osdmenu_item_value){.type = i == 1 ? VALUE_NUMBER : VALUE_NONE, .u.number = {9, 0, 0, 1}};
@@ -52,19 +52,27 @@ int main(void)
         fprintf(banks[i / 93], "%-40d", i % 93);
     }
     fclose(meta), fclose(data), fclose(banks[0]), fclose(banks[1]);
+}
+
+int main(void)
+{
+    char directory[] = "/tmp/menu-XXXXXX";
+    assert(mkdtemp(directory) && chdir(directory) == 0);
+    write_menu();
     osdmenu_fontsize_init(1);
     osdmenu_viewbuffer_malloc(880, 580);
-    wrong += read2mem_menuitem_commonchar("./") <= 0 || read2mem_menuitem_utf16symbol("./") != 0;
+    assert(read2mem_menuitem_commonchar("./") == 40);
+    assert(read2mem_menuitem_utf16symbol("./") == 0);
     read2mem_all_menuitems("./");
     orderize_all_menuitems();
     osdmenu_register_action_byname("item1", act, 1);
     osdmenu_current_view_position_reset();
-    wrong += !shows(40, 440, 40, '9'); /* the glyph of the brightness */
-    osdmenu_action_right();            /* past its high limit */
-    wrong += !shows(40, 440, 40, '0');
+    assert(page_shows(40, 440, 40, '9')); /* the glyph of the brightness */
+    osdmenu_action_right();               /* past its high limit */
+    assert(page_shows(40, 440, 40, '0'));
     osdmenu_action_down();
-    wrong += !shows(65, 40, 65, '2');
+    assert(page_shows(65, 40, 65, '2'));
     osdmenu_action_ok();
-    wrong += !shows(40, 40, 15, '3'); /* the page opens on its second row */
-    return wrong + unlink("m.d") + unlink("b.d") + unlink("c.d") + unlink("s.d") + rmdir(directory);
+    assert(page_shows(40, 40, 15, '3')); /* the page opens on its second row */
+    return unlink("m.d") || unlink("b.d") || unlink("c.d") || unlink("s.d") || rmdir(directory);
 }
