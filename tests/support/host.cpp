@@ -1,6 +1,7 @@
 // The tests' host.
 #include "support/host.h"
 
+#include <algorithm>
 #include <cstdarg>
 #include <cstdio>
 #include <numeric>
@@ -140,4 +141,24 @@ void press(const std::string &keys)
     std::istringstream words(keys);
     for (std::string key; words >> key; redraw())
         output_of([&] { osdmenu_process_key(codes.at(key)); });
+}
+
+std::string blocks_in(std::string buffer, int width)
+{
+    const std::size_t pitch = static_cast<std::size_t>(width) * 2;
+    std::ostringstream found;
+    for (std::size_t at = 0; (at = buffer.find_first_not_of('\0', at)) != std::string::npos;) {
+        const char fill = buffer[at];
+        const std::string row(std::min(buffer.find_first_not_of(fill, at), buffer.size()) - at, fill);
+        std::size_t rows = 0;
+        for (std::size_t to = at; to < buffer.size() && buffer.compare(to, row.size(), row) == 0; to += pitch, rows++)
+            buffer.replace(to, row.size(), row.size(), '\0');
+        const bool is_glyph = fill > 0 && fill <= GLYPH_COUNT;
+        found << (found.tellp() > 0 ? " " : "");
+        found << (is_glyph ? std::string{osdmenu_common_char[fill - 1]} : std::string{'[', fill, ']'});
+        found << '@' << at % pitch / 2 << ',' << at / pitch;
+        if (row.size() != 8 || rows != 4)
+            found << '(' << row.size() / 2 << 'x' << rows << ')';
+    }
+    return found.str();
 }

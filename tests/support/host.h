@@ -5,12 +5,20 @@
 #include <gtest/gtest.h>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "core/view_buffer.h"
 #include "core/walks.h"
 #include "lib_dbgout.h"
+#include "resources/glyph_banks.h"
 #include "support/resources.h"
+
+// A suite of tests on a fixture, with a test for each row of a table, named after it.
+#define CASES(suite, fixture, rows)                                                                                    \
+    struct suite : fixture, testing::WithParamInterface<std::remove_cvref_t<decltype(*(rows))>> {                      \
+    };                                                                                                                 \
+    INSTANTIATE_TEST_SUITE_P(Of, suite, testing::ValuesIn(rows), [](const auto &row) { return row.param.name; })
 
 // What the host's functions answer, and which of them were called.
 inline int gallery_preset = 0, tracking_mode = 0;
@@ -106,4 +114,23 @@ void press(const std::string &keys);
 inline int byte_at(int x, int y)
 {
     return static_cast<unsigned char>(osdmenu_viewbuffer[(y * osdmenu_viewarea_width + x) * 2]);
+}
+
+// The blocks of one fill in a buffer of that many pixels a row, in the order of their first pixels: what the glyph of
+// that fill shows, or another fill itself in brackets, and where the block stands. One that is not of 4 by 4 pixels,
+// as the glyphs of prepare_view are, has its size behind it: "a@10,5 [r]@14,5(8x2)".
+std::string blocks_in(std::string buffer, int width);
+inline std::string blocks_in_view()
+{
+    return blocks_in({osdmenu_viewbuffer, static_cast<std::size_t>(osdmenu_viewbuffer_size)}, osdmenu_viewarea_width);
+}
+
+// The loaded glyph of a character, which a test may change; and a glyph that is not there.
+inline osdmenu_view_bitmap &glyph_of(char character)
+{
+    return *osdmenu_commonchar_viewbitmap[glyph_index(character)];
+}
+inline void lose_glyph(char character)
+{
+    std::free(std::exchange(glyph_of(character).bitmap, nullptr));
 }
