@@ -1,64 +1,81 @@
-// Messages of one or more lines, painted from glyphs of 4 by 4 pixels on a view of 60 rows that they clear first. A
-// line of text is 12 pixels high, and glyph i of the bank holds the byte i + 1: "a" shows as 11, a space as 89.
-#include <algorithm>
-#include <climits>
-#include <gtest/gtest.h>
-
+// Messages of one or more lines, painted from glyphs of 4 by 4 pixels on a view of 100 by 60 pixels that they clear
+// first. A line of text is 12 pixels high.
 #include "support/host.h"
 
-static const ResourceDirectory directory;
-static int width = -1, height = -1;
-static const auto painted = [] { return 12000 - std::count(osdmenu_viewbuffer, osdmenu_viewbuffer + 12000, '\0'); };
+struct TextBubble : testing::Test {
+    int width = -1, height = -1;
 
-static void prepare()
-{
-    osdmenu_fontsize_init2(12, 1);
-    std::free(osdmenu_viewbuffer);
-    prepare_view(directory, 100, 60);
-    std::fill_n(osdmenu_viewbuffer, 12000, '\x77');
-}
-
-TEST(TextBubble, ClearsTheViewAndCountsItsLinesByTheTextHeightAndThePadUpToTheBottom)
-{
-    EXPECT_EQ(get_osdmenu_bubble("a\nb", 10, 5), nullptr); // there is no view yet
-    // At the bottom a line that would just fit is refused, and the pad does not count.
-    for (const auto &[text, pad, y, glyphs, last_line, bottom] :
-         {std::tuple{"", 0, 5, 0, 5, 17}, std::tuple{"a\n\nb", 0, 5, 2, 29, 41}, std::tuple{"a\n", 0, 5, 1, 5, 29},
-          std::tuple{"a\nb", 0, 36, 1, 36, 48}, std::tuple{"a\nb\nb", 0, 35, 2, 47, 59},
-          std::tuple{"a\nb", 3, 33, 1, 33, 48}, std::tuple{"a\nb", 3, 32, 2, 47, 62}}) {
-        prepare();
-        const long at = get_osdmenu_bubble_linepad(text, 10, y, pad, &height) - osdmenu_viewbuffer;
-        osdmenu_get_bubble_multiline(text, 10, y, pad, &width);
-        EXPECT_EQ(std::tuple(at, height, width, painted(), byte_at(10, last_line)),
-                  std::tuple(y * 200 + 20, bottom, bottom, glyphs * 32, glyphs == 2 ? 12 : glyphs * 11));
+    TextBubble()
+    {
+        osdmenu_fontsize_init2(12, 1);
+        prepare_view(ResourceDirectory(), 100, 60);
+        std::memset(osdmenu_viewbuffer, 0x77, 12000);
     }
+};
+
+// At the bottom a line that would just fit is refused, and the pad does not count. On the right no edge is looked for.
+static const struct Message {
+    const char *name, *text;
+    int x, y, pad;
+    std::pair<std::string, int> left; // the look, and the row below the last line
+} messages[] = {
+    {"missing", nullptr, 10, 5, 0, {"", 17}},
+    {"of_no_character", "", 10, 5, 3, {"", 20}},
+    {"of_one_character", "a", 10, 5, 0, {"a@10,5", 17}},
+    {"with_an_empty_line", "ab\n\nc", 10, 5, 0, {"a@10,5 b@14,5 c@10,29", 41}},
+    {"with_an_empty_last_line", "a\n", 10, 5, 0, {"a@10,5", 29}},
+    {"with_a_line_that_would_just_fit", "a\nb\nc", 10, 36, 0, {"a@10,36", 48}},
+    {"with_a_line_and_a_row_to_spare", "a\nb\nc", 10, 35, 0, {"a@10,35 b@10,47", 59}},
+    {"with_a_padded_line_that_would_just_fit", "a\nb", 10, 33, 3, {"a@10,33", 48}},
+    {"with_a_padded_line_and_a_row_to_spare", "a\nb", 10, 32, 3, {"a@10,32 b@10,47", 62}},
+    {"outside_the_table", "a\xFF$", 10, 5, 0, {"a@10,5  @14,5 $@18,5", 17}},
+    {"over_the_right_edge", "abc", 93, 5, 0, {"a@93,5 b@97,5 c@1,6", 17}},
+    {"over_the_end_of_the_view", "abc", 94, 59, 0, {"a@94,59(4x1) b@98,59(2x1)", 71}},
+};
+CASES(MessageOfLines, TextBubble, messages);
+
+TEST_P(MessageOfLines, StandsOnAClearedViewAsFarAsThereIsRoomBelow)
+{
+    const auto &[name, text, x, y, pad, left] = GetParam();
+    osdmenu_get_bubble_multiline(text, x, y, pad, &height);
+    EXPECT_EQ(std::pair(blocks_in_view(), height), left);
 }
 
-TEST(TextBubble, ShowsASpaceForEveryCharacterOutsideTheTableAndReportsItsLastGlyph)
+TEST_F(TextBubble, IsHandedBackFromItsFirstPixelAlsoWhereTheViewCutsItShort)
 {
-    prepare();
-    set_trace_level(3);
-    EXPECT_EQ(get_osdmenu_bubble2_with_wh("\n", 10, 5, &(width = -1), &height), osdmenu_viewbuffer + 1020);
-    EXPECT_EQ(width, -1);
-    get_osdmenu_bubble2_with_wh("a\xFF$", 0, 0, nullptr, nullptr);
-    EXPECT_EQ(std::tuple(byte_at(3, 3), byte_at(4, 0), byte_at(8, 0)), std::tuple(11, 89, 76));
-    EXPECT_EQ(traced("]char[0xff] not among the commonchar_string,replaced by space\n"), 1);
-    directory.write("c.d", glyph_bank(4, 8).substr(0, 56 * 12) + block_of({3, 6, 13}, 10)); // another "c"
-    output_of([] { read2mem_menuitem_commonchar(directory.path().c_str()); });
+    EXPECT_EQ(get_osdmenu_bubble("a\nb", 10, 50) - osdmenu_viewbuffer, 10020);
+}
+
+TEST_F(TextBubble, IsNullWithoutAView)
+{
+    std::free(std::exchange(osdmenu_viewbuffer, nullptr));
+    EXPECT_EQ(get_osdmenu_bubble("a", 10, 5), nullptr);
+}
+
+TEST_F(TextBubble, ReportsTheSizeOfItsLastGlyph)
+{
+    glyph_of('c') = {0, 3, 10, 10, glyph_of('c').bitmap};
     get_osdmenu_bubble2_with_wh("aaaa\nbc\n", 10, 5, &width, &height);
-    EXPECT_EQ(std::tuple(width, height), std::tuple(3, 3));
+    EXPECT_EQ(std::pair(width, height), std::pair(5, 3));
 }
 
-TEST(TextBubble, RunsOnIntoTheNextRowAtTheRightEdgeAndNeverLeavesTheBuffer)
+TEST_F(TextBubble, ReportsNoSizeWithoutAGlyph)
 {
-    prepare();
-    get_osdmenu_bubble("a", 98, 5);
-    EXPECT_EQ(byte_at(0, 6), 11);
-    get_osdmenu_bubble("a", 98, 59);
-    EXPECT_EQ(painted(), 4);
-    for (int far : {INT_MIN, INT_MAX})
-        get_osdmenu_bubble_linepad("a\nb", far, far, far, nullptr);
-    free_read2mem_menuitem_commonchar(); // characters without a glyph are skipped
-    EXPECT_EQ(get_osdmenu_bubble("a", 10, 5), get_osdmenu_bubble(nullptr, 10, 5));
-    EXPECT_EQ(painted(), 0);
+    get_osdmenu_bubble2_with_wh("\n", 10, 5, &width, &height);
+    EXPECT_EQ(std::pair(width, height), std::pair(-1, -1));
+}
+
+TEST_F(TextBubble, LeavesNoRoomForACharacterWithoutAGlyph)
+{
+    lose_glyph('b');
+    get_osdmenu_bubble("bab", 10, 5);
+    EXPECT_EQ(blocks_in_view(), "a@10,5");
+}
+
+TEST_F(TextBubble, TracesACharacterOutsideTheTable)
+{
+    set_trace_level(3);
+    get_osdmenu_bubble("\xFF", 10, 5);
+    EXPECT_EQ(traced_text(),
+              "3 lib get_osdmenu_bubble2: char[0xff] not among the commonchar_string,replaced by space\n");
 }
