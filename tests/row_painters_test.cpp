@@ -1,65 +1,147 @@
-// The painters of one row, down to the row copy under them all. Glyph i of the bank is filled with i + 1.
+// The painters of one row, down to the row copy under them all. Glyphs are of 4 by 4 pixels, the view of 100 by 20.
 #include <climits>
 #include <numeric>
 #include <random>
-#include <sstream>
 #include <sys/mman.h>
 
-#include "resources/glyph_banks.h"
-#include "support/host.h"
+#include "support/faults.h"
 
 static const ResourceDirectory files;
 
-// What the glyphs spell from (8, 4) on. The view is clear afterwards.
-static std::string text_taken()
+struct RowPainter : testing::Test {
+    osdmenu_item_value *value;
+    osdmenu_item_value_number number = {9, 0, 5, 1};
+
+    RowPainter()
+    {
+        prepare_view(files, 100, 20);
+        load_menu(files, {{"abc", {1}, {}, VALUE_TXT, {{"7", {1, 2, 'a'}}, {"8\n9", {1, 2, 'b'}}, {"9", {1, 2, 'c'}}}},
+                          {"none", {2}, {}, VALUE_TXT}});
+        value = &loaded("abc")->item_values;
+    }
+};
+
+static const struct Value {
+    const char *name;
+    unsigned type;
+    int low, high, current;
+    std::pair<std::string, int> left; // the look, and what is stored
+} values[] = {
+    {"a_number", VALUE_NUMBER, 1, 99, 12, {"1@8,4 2@12,4", 12}},
+    {"a_number_below", VALUE_NUMBER, -5, 10, -6, {"-@8,4 5@12,4", -5}},
+    {"a_number_above", VALUE_NUMBER, 0, 10, 11, {"1@8,4 0@12,4", 10}},
+    {"a_number_between_crossed_bounds", VALUE_NUMBER, 10, 5, 7, {"5@8,4", 5}},
+    {"a_percentage_below", VALUE_PERCENTAGE, 10, 20, 9, {"1@8,4 0@12,4 %@16,4", 10}},
+    {"a_percentage_above", VALUE_PERCENTAGE, 10, 20, 21, {"2@8,4 0@12,4 %@16,4", 20}},
+    {"the_first_choice", VALUE_TXT, 0, 0, 0, {"[a]@8,4(1x1)", 0}},
+    {"the_last_choice", VALUE_TXT, 0, 0, 2, {"[c]@8,4(1x1)", 2}},
+    {"a_choice_behind_the_last", VALUE_TXT, 0, 0, 3, {"[a]@8,4(1x1)", 0}},
+    {"a_choice_before_the_first", VALUE_TXT, 0, 0, -1, {"[c]@8,4(1x1)", 2}},
+    {"a_choice_far_before", VALUE_TXT, 0, 0, INT_MIN, {"[c]@8,4(1x1)", 2}},
+    {"a_free_text", VALUE_RAWTXT, 0, 0, 2, {"9@8,4", 2}},
+    {"a_free_text_outside_the_table", VALUE_RAWTXT, 0, 0, 1, {"8@8,4", 1}},
+    {"a_free_text_behind_the_last", VALUE_RAWTXT, 0, 0, 3, {"", 3}},
+};
+CASES(ValueOf, RowPainter, values);
+
+TEST_P(ValueOf, IsBroughtIntoItsBoundsAndPainted)
 {
-    std::string text;
-    for (int x = 8; byte_at(x, 4) != 0; x += 4)
-        text += osdmenu_common_char[byte_at(x, 4) - 1];
-    clear_whole_view();
-    return text;
+    const auto &[name, type, low, high, current, left] = GetParam();
+    value->type = type;
+    value->current = current;
+    const bool is_bounded = type == VALUE_NUMBER || type == VALUE_PERCENTAGE;
+    if (is_bounded)
+        value->u.number = {high, low, current, 1};
+    osdmenu_draw_itemvalue(8, 4, value);
+    EXPECT_EQ(std::pair(blocks_in_view(), is_bounded ? value->u.number.current : value->current), left);
 }
 
-TEST(RowPainters, AValueIsBroughtIntoItsBoundsAndPaintedAndAFreeTextIsNot)
+TEST_F(RowPainter, AValueWithoutChoicesBecomesTheFirst)
 {
-    prepare_view(files, 100, 20);
-    std::istringstream cases("10 20 5 10  10 5 3 5  10 5 12 5  -9 9 -5 -5  -2147483648 0 -2147483648 -2147483648");
-    for (int low, high, current, stored; cases >> low >> high >> current >> stored;)
-        for (unsigned type : {VALUE_NUMBER, VALUE_PERCENTAGE}) {
-            osdmenu_item_value value = {{}, type, 77, {.number = {high, low, current, 7}}};
-            EXPECT_EQ((osdmenu_draw_itemvalue(8, 4, &value), value.u.number.current), stored);
-            EXPECT_EQ(text_taken(), std::to_string(stored) + (type == VALUE_NUMBER ? "" : "%"));
-        }
-    load_menu(files, {{"abc", {1}, {}, VALUE_TXT, {{"0", {1, 2, 1}}, {"1\n3", {1, 2, 2}}, {"2", {1, 2, 3}}}},
-                      {"none", {2}, {}, VALUE_TXT}});
-    osdmenu_item_value *value = &loaded("abc")->item_values, *none = &loaded("none")->item_values;
-    for (auto [current, stored] : {std::pair(0, 0), {1, 1}, {2, 2}, {3, 0}, {INT_MAX, 0}, {-1, 2}, {INT_MIN, 2}}) {
-        value->current = none->current = current;
-        EXPECT_EQ(osdmenu_draw_itemvalue_rawtxt(8, 4, value), current == 1 ? -1 : 0); // a newline is no glyph
-        EXPECT_EQ(text_taken(), current == stored ? std::to_string(current) : "");
-        EXPECT_EQ((osdmenu_draw_itemvalue(8, 4, value), value->current), stored);
-        EXPECT_EQ(text_taken(), std::to_string(stored));
-        EXPECT_EQ((osdmenu_draw_itemvalue(8, 4, none), none->current), 0);
-    }
+    osdmenu_item_value *none = &loaded("none")->item_values;
+    none->current = -1;
+    osdmenu_draw_itemvalue(8, 4, none);
+    EXPECT_EQ(none->current, 0);
 }
 
-TEST(RowPainters, GlyphsKeepTheirGeometryAndAStringTheFarEdges)
+TEST_F(RowPainter, FailsForATextOutsideTheTableAlone)
 {
-    osdmenu_viewbuffer_malloc(100, 20);
-    std::string text, wide = block_of({2, 4, 0}, 6), narrow = block_of({2, 6, 0}, 4);
-    files.write("c.d", wide.replace(24, 12, "aaaa..bbbb..") + narrow.replace(24, 8, "ccccdddd") +
-                           block_of({4, 20, 1}, 20) + block_of({4, 22, 2}, 22));
-    read2mem_menuitem_commonchar(files.path().c_str());
-    EXPECT_EQ(osdmenu_draw_string_at_position(8, 4, "10\n40", 9), 0); // nothing for what is missing
-    EXPECT_EQ(std::string(osdmenu_viewbuffer + 816, 16), std::string("ccccddaaaaaaaa\0\0", 16));
-    EXPECT_EQ(std::string(osdmenu_viewbuffer + 1016, 16), std::string("dddd\0\0bbbbbbbb\0\0", 16));
-    std::istringstream cases("90 16 2 5 99 1  80 0 232 5 90 0  0 17 2 5 0 0  0 0 000 2 2 97  0 0 000 2 4 0");
-    for (int x, y, length, seen_x, fill; cases >> x >> y >> text >> length >> seen_x >> fill;) {
-        clear_whole_view();
-        EXPECT_EQ(osdmenu_draw_string_at_position(x, y, text.c_str(), length), 0);
-        EXPECT_EQ(byte_at(seen_x, y), fill) << x << " " << y << " " << text;
-    }
-    EXPECT_EQ(osdmenu_draw_string_at_position(0, 0, "2", 0) + osdmenu_draw_string_at_position(0, 0, nullptr, 5), -2);
+    value->current = 1;
+    EXPECT_EQ(osdmenu_draw_itemvalue_rawtxt(8, 4, value), -1);
+    EXPECT_EQ(osdmenu_draw_itemvalue_rawtxt(8, 4, nullptr), 0);
+    EXPECT_EQ(osdmenu_draw_itemvalue_txt(8, 4, &first_choice(value)->u.txt), 0);
+    EXPECT_EQ(osdmenu_draw_itemvalue_txt(8, 4, nullptr), 0);
+    EXPECT_EQ(osdmenu_draw_itemvalue_number(8, 4, &number), 0);
+    EXPECT_EQ(osdmenu_draw_itemvalue_number(8, 4, nullptr), 0);
+    EXPECT_EQ(osdmenu_draw_itemvalue_percentage(8, 4, &value->u.percentage), 0);
+    EXPECT_EQ(osdmenu_draw_itemvalue_percentage(8, 4, nullptr), 0);
+    EXPECT_EQ(osdmenu_draw_itemvalue(8, 4, value), 0);
+    EXPECT_EQ(osdmenu_draw_itemvalue(8, 4, nullptr), 0);
+    EXPECT_EQ(osdmenu_draw_itemview(8, 4, nullptr), 0);
+    EXPECT_EQ(osdmenu_mark_current_menuitem(8, 4, 1), 0);
+}
+
+static const struct Text {
+    const char *name, *text;
+    int length, x, y;
+    std::pair<int, std::string> left; // the result and the look
+} texts[] = {
+    {"missing", nullptr, 5, 8, 4, {-1, ""}},
+    {"of_length_0", "a", 0, 8, 4, {-1, ""}},
+    {"of_length_1", "abc", 1, 8, 4, {0, "a@8,4"}},
+    {"shorter_than_its_length", "ab", 9, 8, 4, {0, "a@8,4 b@12,4"}},
+    {"outside_the_table", "a\nb", 5, 8, 4, {0, "a@8,4 b@12,4"}},
+    {"without_a_glyph", "azb", 5, 8, 4, {0, "a@8,4 b@12,4"}},
+    {"up_to_the_right_edge", "ab", 5, 92, 4, {0, "a@92,4 b@96,4"}},
+    {"over_the_right_edge", "ab", 5, 93, 4, {0, "a@93,4"}},
+    {"down_to_the_bottom", "a", 5, 8, 16, {0, "a@8,16"}},
+    {"over_the_bottom", "a", 5, 8, 17, {0, ""}},
+};
+CASES(TextInARow, RowPainter, texts);
+
+TEST_P(TextInARow, StopsAtTheFarEdgesOfTheView)
+{
+    const auto &[name, text, length, x, y, left] = GetParam();
+    lose_glyph('z');
+    const int result = osdmenu_draw_string_at_position(x, y, text, length);
+    EXPECT_EQ(std::pair(result, blocks_in_view()), left);
+}
+
+TEST_F(RowPainter, TellsOfAnEdgeThatATextPasses)
+{
+    const auto paint = [] {
+        osdmenu_draw_string_at_position(97, 4, "a", 1);
+        osdmenu_draw_string_at_position(8, 17, "a", 1);
+    };
+    EXPECT_EQ(printed_by("osdmenu_draw_string_at_position", paint),
+              "ERR Text exceeds screen width\nERR Text exceeds screen height\n");
+}
+
+static const char letters[] = "abcdefghijklmnopqrst";
+// A block at an offset of an area of 24 bytes, and the rows of it that touch the area.
+static const struct Block {
+    const char *name;
+    pixel_block block;
+    std::int64_t offset, row_pitch;
+    std::tuple<std::string, std::int64_t, std::int64_t> copied;
+} blocks[] = {
+    {"of_a_byte", {letters, 1, 1, 1}, 23, 8, {".......................a", 0, 1}},
+    {"with_gaps", {letters, 2, 3, 6}, 1, 8, {".abc.....ghi............", 0, 2}},
+    {"with_rows_that_overlap", {letters, 3, 6, 4}, 1, 8, {".abcdef..efghij..ijkl...", 0, 3}},
+    {"without_pixels", {nullptr, 2, 4, 4}, 1, 8, {"........................", 0, 0}},
+    {"of_a_size_that_wraps_in_a_row", {letters, 3, 4, 0x60000000}, 1, 8, {".abcd...................", 0, 1}},
+    {"over_the_start", {letters, 5, 4, 4}, -3, 8, {"d....efgh....ijkl....mno", 0, 4}},
+    {"in_no_steps", {letters, 5, 4, 4}, 1, 0, {".qrst...................", 4, 5}},
+};
+CASES(RowCopy, testing::Test, blocks);
+
+TEST_P(RowCopy, KeepsToWhatTheAreaAndTheBlockOwn)
+{
+    std::string memory(24, '.');
+    const paint_area area = {memory.data(), 24, GetParam().row_pitch};
+    const row_range rows = rows_touching(&area, GetParam().offset, &GetParam().block);
+    row_copy(&area, GetParam().offset, &GetParam().block);
+    EXPECT_EQ(std::tuple(memory, rows.first, rows.end), GetParam().copied);
 }
 
 TEST(RowPainters, ABlockTouchesNoMemoryButItsOwnAndTheBuffers)
