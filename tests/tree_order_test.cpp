@@ -55,7 +55,7 @@ TEST(TreeOrder, TracesWhatIsNotPlacedLastAndWhatIsRefused)
     set_trace_level(7);
     order("A:1 B:1 R:255");
     EXPECT_EQ(traced_text(), "6 lib insert2orderized_osmenu: list_add err B 1 1\n\n"
-                              "7 lib orderize_all_menuitems: not inserted. right?\n");
+                             "7 lib orderize_all_menuitems: not inserted. right?\n");
 }
 
 TEST(TreeOrder, IsEmptyWhenItIsMadeAgainAndTheRefusedItemsStayInTheirOrder)
