@@ -79,7 +79,7 @@ TEST_F(Items, AreReachedByName)
           Deed{"showing by action", "", show_with_action, "0 [plain 204 0 0 0] [other 204 1 0 0] +3"},
           Deed{"text", "other", write, "0 [other 204 4 0 0] +4"},
           Deed{"text beyond the choices", "text", write, "0 [text 204 1 0 -50] +10"}})
-        EXPECT_EQ(effect_of([&] { return act(item); }), effect) << name;
+        EXPECT_EQ(effect_of([run = act, on = item] { return run(on); }), effect) << name;
 }
 
 TEST_F(Items, TakeAFreeTextAtTheirChoice)
