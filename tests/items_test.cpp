@@ -96,7 +96,7 @@ TEST_F(Items, Take64BytesOfAFreeTextAndKeepTheBytesBehind)
 {
     std::string(70, 'y').copy(first_text(first), 70);
     osdmenu_action_setnewtxtvalue2menuitem_byname("text", std::string(80, 'x').c_str());
-    EXPECT_EQ(first_text(first), std::string(64, 'x') + "yyyyyy");
+    EXPECT_EQ(first_text(first), std::string(64, 'x').append("yyyyyy"));
 }
 
 TEST_F(Items, TakeAFreeTextThatIsPartOfTheirOwn)
