@@ -144,12 +144,10 @@ TEST_P(RowCopy, KeepsToWhatTheAreaAndTheBlockOwn)
     EXPECT_EQ(std::tuple(memory, rows.first, rows.end), GetParam().copied);
 }
 
-TEST(RowPainters, ABlockTouchesNoMemoryButItsOwnAndTheBuffers)
+TEST_F(RowPainter, TouchesNoMemoryButItsBlocksOwnAndTheBuffers)
 {
-    prepare_view(files, 100, 20);
-    std::string pixels = "abcdefghijkl", flood(65536, 'p');
-    osdmenu_view view = {.viewbitmap = {0, 4, 3, 0, pixels.data()}},
-                 flat = {.viewbitmap = {0, UINT_MAX, 0, 0, flood.data()}};
+    std::string pixels = "abcdefghijkl";
+    osdmenu_view view = {.viewbitmap = {0, 4, 3, 0, pixels.data()}};
     for (int width : {100, 3, 1, 0, -1, -3, -100, 2000, INT_MAX})
         for (int x = -210; x < 2210; x += x == 8 ? 1782 : 1) { // the buffer holds 2000 pixels
             std::string expected(4000, '\0');
@@ -161,15 +159,41 @@ TEST(RowPainters, ABlockTouchesNoMemoryButItsOwnAndTheBuffers)
             osdmenu_draw_itemview(x, 0, &view);
             ASSERT_TRUE(std::string(osdmenu_viewbuffer, 4000) == expected) << width << " " << x;
         }
-    osdmenu_view wrapped = {.viewbitmap = {0, 65537, 65536, 0, flood.data()}}; // of one row, in 32 bits
-    for (int x : {INT_MIN, -1, 0, INT_MAX})
-        EXPECT_EQ(osdmenu_draw_itemview(x, x, &wrapped) + osdmenu_draw_itemview(x, 1, &flat), 0);
-    EXPECT_EQ(osdmenu_mark_current_menuitem(0, 0, INT_MIN) + osdmenu_mark_current_menuitem(0, 0, 32), 0);
-    std::free(std::exchange(osdmenu_viewbuffer, nullptr));
-    EXPECT_EQ(osdmenu_draw_itemview(0, 0, &wrapped) + osdmenu_draw_string_at_position(0, 0, "text", 4), 0);
+}
+
+TEST_F(RowPainter, PaintsNoMoreOfABlockThanItsProductOf32Bits)
+{
+    std::string row(65536, 'p');
+    osdmenu_view view = {.viewbitmap = {0, 65537, 65536, 0, row.data()}}; // one row, in 32 bits
+    std::free(osdmenu_viewbuffer);
     osdmenu_viewbuffer_malloc(1, 100000); // all 65537 rows would find room
-    osdmenu_draw_itemview(0, 0, &wrapped);
-    EXPECT_EQ(std::string(osdmenu_viewbuffer, 65537), flood + '\0');
+    for (int x : {INT_MIN, -100000, INT_MAX, 0})
+        osdmenu_draw_itemview(x, 0, &view);
+    EXPECT_EQ(std::string(osdmenu_viewbuffer, 65537), row + '\0');
+}
+
+TEST_F(RowPainter, EndsAtOnceOverRowsWithoutBytes)
+{
+    std::string pixels = "p";
+    osdmenu_view view = {.viewbitmap = {0, UINT_MAX, 0, 0, pixels.data()}};
+    osdmenu_draw_itemview(0, 1, &view);
+    EXPECT_EQ(blocks_in_view(), "");
+}
+
+TEST_F(RowPainter, PaintsNoSymbolOutsideTheBank)
+{
+    for (int index : {INT_MIN, -1, 4, 32, INT_MAX})
+        osdmenu_mark_current_menuitem(0, 0, index);
+    EXPECT_EQ(blocks_in_view(), "");
+}
+
+TEST_F(RowPainter, AnswersAsEverWithoutAView)
+{
+    std::string pixels = "abcdefghijkl";
+    osdmenu_view view = {.viewbitmap = {0, 4, 3, 0, pixels.data()}};
+    std::free(std::exchange(osdmenu_viewbuffer, nullptr));
+    EXPECT_EQ(osdmenu_draw_itemview(0, 0, &view), 0);
+    EXPECT_EQ(osdmenu_draw_string_at_position(0, 0, "text", 4), 0);
 }
 
 // What a plain walk leaves: row after row and byte after byte, of what the block and the area own.
