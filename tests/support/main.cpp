@@ -3,6 +3,7 @@
 // debugger finds it.
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <gtest/gtest.h>
 #include <random>
 #include <string>
@@ -46,6 +47,8 @@ static bool passes_in_a_process_of_its_own(const std::string &name, std::vector<
     std::fflush(nullptr);
     const pid_t child = fork();
     if (child == 0) {
+        unsetenv("GTEST_TOTAL_SHARDS"); // the share of this program has been chosen
+        unsetenv("GTEST_SHARD_INDEX");
         execv("/proc/self/exe", arguments.data());
         _exit(127);
     }
