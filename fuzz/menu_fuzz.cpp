@@ -175,9 +175,10 @@ static const auto get_osdmenu_common_bitmap = [](const char *msg, int most, int 
     ::get_osdmenu_common_bitmap_ex(msg, most, x, y, own.data(), width, height, pixelsize);
 };
 
-// It knows the size of the view buffer alone.
+// It knows the size of the view buffer alone: a target right behind that is taken for the caller's own.
 static const auto get_string_bitmap = [](const char *msg, int width, int pixelsize, int place) {
-    ::get_string_bitmap(msg, width, pixelsize, view_address((place & INT32_MAX) % (osdmenu_viewbuffer_size + 1)));
+    if (osdmenu_viewbuffer_size > 0)
+        ::get_string_bitmap(msg, width, pixelsize, view_address((place & INT32_MAX) % osdmenu_viewbuffer_size));
 };
 static const auto osdmenu_Mutex_Lock = [](const char *by) { ::osdmenu_Mutex_Lock(by), ::osdmenu_Mutex_Unlock(by); };
 static const auto get_kz73_name = [] { std::fill_n(::get_kz73_name(), byte() % 33, 'A'); };
