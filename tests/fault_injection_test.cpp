@@ -1,4 +1,5 @@
 // Every call of the system fails once in every loader: it is reported, nothing is lost, and the next load is whole.
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <set>
 #include <unistd.h>
@@ -144,6 +145,13 @@ TEST(FailedRead, GivesThePixelsThatCameBeforeIt)
     files.write("c.d", glyph_bank(4, 150)); // the first read ends 488 bytes into the pixels
     errors_of(Fault::Read, 2, [] { read2mem_menuitem_commonchar(files.path().c_str()); });
     EXPECT_EQ(std::string(glyph_at(0)->bitmap, 600), std::string(488, '\1') + std::string(112, '\0'));
+}
+
+TEST(FailedRead, GivesAGlyphWithoutPixelsWhereItCutsItsRecord)
+{
+    files.write("c.d", glyph_bank(4, 120)); // the first read ends 8 bytes into the second record
+    errors_of(Fault::Read, 2, [] { read2mem_menuitem_commonchar(files.path().c_str()); });
+    EXPECT_EQ(std::count(osdmenu_commonchar_viewbitmap, osdmenu_commonchar_viewbitmap + GLYPH_COUNT, nullptr), 91);
 }
 
 TEST(FailedRead, GivesTheRecordThatItCuts)

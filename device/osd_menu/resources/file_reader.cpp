@@ -57,7 +57,7 @@ static ssize_t read_on(struct reader *in, char *to, std::size_t size)
 
 ssize_t reader_fill(struct reader *in, void *to, std::size_t size)
 {
-    if (in->failure != 0) {
+    if (in->failure != 0 && size > 0) {
         errno = in->failure;
         return -1;
     }

@@ -24,5 +24,5 @@ bool reader_open(struct reader *in, const char *dir, const char *file_name, std:
 int reader_close(struct reader *in);
 
 // Reads up to `size` bytes, a field, as one read of the file would: fewer where the file ends, or where a failure comes
-// behind some of them. The next read then fails. -1 with errno set on failure.
+// behind some of them. The next read of any byte then fails. -1 with errno set on failure.
 ssize_t reader_fill(struct reader *in, void *to, std::size_t size);
