@@ -8,9 +8,7 @@
 
 static char *append(char *at, const char *end, const char *text)
 {
-    const std::size_t length = std::min(std::strlen(text), static_cast<std::size_t>(end - at));
-    std::memcpy(at, text, length);
-    return at + length;
+    return std::copy_n(text, std::min(std::strlen(text), static_cast<std::size_t>(end - at)), at);
 }
 
 // Puts "PREFIX:FILE FUNCTION[LINE] " before a message's format, so that a line goes out whole. By hand: formatting it
