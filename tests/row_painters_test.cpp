@@ -183,7 +183,7 @@ TEST_F(RowPainter, EndsAtOnceOverRowsWithoutBytes)
 TEST_F(RowPainter, PaintsNoSymbolOutsideTheBank)
 {
     for (int index : {INT_MIN, -1, 4, 32, INT_MAX})
-        osdmenu_mark_current_menuitem(0, 0, index);
+        EXPECT_EQ(osdmenu_mark_current_menuitem(0, 0, index), 0) << index;
     EXPECT_EQ(blocks_in_view(), "");
 }
 
